@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: MIT
+# Header, library, CMake package and pkg-config file.
+
+include(CMakePackageConfigHelpers)
+
+install(TARGETS pxmcc90lgc EXPORT pxmcc90lgc)
+install(FILES include/pxmcc90lgc.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT pxmcc90lgc
+  NAMESPACE pxmcc90lgc::
+  FILE pxmcc90lgc-config.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pxmcc90lgc)
+
+write_basic_package_version_file(pxmcc90lgc-config-version.cmake COMPATIBILITY SameMajorVersion)
+configure_file(cmake/pxmcc90lgc.pc.in pxmcc90lgc.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc-config-version.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pxmcc90lgc)
+install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,34 @@
+# SPDX-License-Identifier: MIT
+# The shared library, and the same objects for tests that look inside.
+
+get_property(pxm_object_libraries GLOBAL PROPERTY PXM_OBJECT_LIBRARIES)
+list(TRANSFORM pxm_object_libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE pxm_objects)
+
+add_library(pxm_core INTERFACE)
+target_link_libraries(pxm_core INTERFACE ${pxm_objects})
+target_include_directories(pxm_core INTERFACE ${PROJECT_SOURCE_DIR})
+
+add_library(pxmcc90lgc SHARED ${pxm_objects})
+add_library(pxmcc90lgc::pxmcc90lgc ALIAS pxmcc90lgc)
+target_include_directories(pxmcc90lgc PUBLIC
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+
+# Nothing of the C++ runtime is used; CMake would name it for any library with C++ units.
+set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
+
+# Linked by the C driver, without start files and libraries: the library calls nothing, and the
+# start files of a distribution may lack the mark for indirect-branch tracking.
+set_target_properties(pxmcc90lgc PROPERTIES
+  LINKER_LANGUAGE C
+  INTERPROCEDURAL_OPTIMIZATION OFF
+  LINK_DEPENDS ${PROJECT_SOURCE_DIR}/frame/exports.map)
+target_link_options(pxmcc90lgc PRIVATE
+  -Wl,--version-script=${PROJECT_SOURCE_DIR}/frame/exports.map
+  -Wl,-z,relro,-z,now,-z,noexecstack,-z,text)
+if(PXMCC90LGC_SANITIZE)
+  target_link_options(pxmcc90lgc PRIVATE ${PXM_SANITIZER_FLAGS})
+else()
+  target_link_options(pxmcc90lgc PRIVATE
+    -nostartfiles -nostdlib -Wl,-z,defs,-z,ibt,-z,shstk,-z,cet-report=error)
+endif()

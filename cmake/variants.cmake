@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: MIT
+# How the library's own units are compiled. Each unit states its instruction level, whatever the
+# environment's flags say, and no optimization crosses units: code of one variant must not reach
+# another's.
+
+set(PXM_CODE_FLAGS
+  $<$<NOT:$<CONFIG:Debug>>:-O2>
+  -march=x86-64 -mtune=generic
+  -fno-lto
+  -fcf-protection=full
+  -fvisibility=hidden
+  -fno-stack-protector            # pure computation without arrays on the stack; needs no runtime
+  $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
+
+# "Plain" code stays plain, floats are rounded at every step.
+set(PXM_KERNEL_FLAGS
+  -ffp-contract=off
+  $<IF:$<CXX_COMPILER_ID:GNU>,-fno-tree-vectorize,-fno-vectorize;-fno-slp-vectorize>)
+
+function(pxm_add_objects name)
+  add_library(${name} OBJECT ${ARGN})
+  target_compile_features(${name} PRIVATE cxx_std_20)
+  target_compile_options(${name} PRIVATE ${PXM_CODE_FLAGS} ${PXM_SANITIZER_FLAGS})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  set_target_properties(${name} PROPERTIES
+    CXX_EXTENSIONS OFF
+    POSITION_INDEPENDENT_CODE ON
+    INTERPROCEDURAL_OPTIMIZATION OFF)
+  pxm_warnings(${name})
+  set_property(GLOBAL APPEND PROPERTY PXM_OBJECT_LIBRARIES ${name})
+endfunction()
+
+# The units of one variant, compiled with its tag at its level.
+function(pxm_add_variant tag level)
+  pxm_add_objects(variant_${tag} ${ARGN})
+  target_compile_definitions(variant_${tag} PRIVATE PXM_VARIANT=${tag})
+  target_compile_options(variant_${tag} PRIVATE ${PXM_KERNEL_FLAGS} ${level})
+endfunction()

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// Red, green and blue to one 16-bit word. The colour that a format spells first sits in the low
+// bits; green never moves; spare bits are zero.
+#ifndef PXM_DECODE_PACK_INL
+#define PXM_DECODE_PACK_INL
+
+#include "decode/forms.inl"
+
+PXM_TEXT_BEGIN
+
+template <int depth>
+struct Layout;
+
+template <>
+struct Layout<444> {
+  static constexpr int redBits = 4, greenBits = 4, blueBits = 4;
+};
+
+template <>
+struct Layout<555> {
+  static constexpr int redBits = 5, greenBits = 5, blueBits = 5;
+};
+
+template <>
+struct Layout<565> {
+  static constexpr int redBits = 5, greenBits = 6, blueBits = 5;
+};
+
+// Fields into their places, in either colour order.
+template <int depth>
+struct Fields : Layout<depth> {
+  using Layout<depth>::redBits, Layout<depth>::greenBits, Layout<depth>::blueBits;
+  static constexpr int greenShift = blueBits;
+  static constexpr int topShift = blueBits + greenBits;
+
+  int redShift, blueShift;
+
+  PXM_INLINE explicit Fields(int isBgr)
+      : redShift(isBgr ? topShift : 0), blueShift(isBgr ? 0 : topShift) {}
+
+  PXM_INLINE uint16_t word(int red, int green, int blue) const {
+    return static_cast<uint16_t>(red << redShift | green << greenShift | blue << blueShift);
+  }
+};
+
+// Drops the low bits, without rounding.
+template <int depth>
+struct PackPlain : Fields<depth> {
+  using Fields<depth>::Fields;
+
+  // Rows and columns are all alike.
+  PXM_INLINE uint16_t pack(const Channels& c, int, ptrdiff_t) const {
+    return this->word(c.red >> (8 - this->redBits), c.green >> (8 - this->greenBits),
+                      c.blue >> (8 - this->blueBits));
+  }
+};
+
+PXM_TEXT_END
+
+#endif

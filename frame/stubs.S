@@ -1,0 +1,87 @@
+/* SPDX-License-Identifier: MIT */
+/* For each dispatched export its slot table (entries -1 to 6), its trampoline and its stub.
+
+   A stub is one load and one indirect jump: no test, no argument touched, nothing on the stack. As
+   long as no variant is chosen, VariantIndex is -1 and the jump leads to the trampoline, which
+   starts the library and falls through into the stub. */
+#include <cet.h>
+
+#include "frame/variants.def"
+
+        .hidden VariantIndex
+        .hidden pxmStartUp
+
+/* Keeps the six integer argument registers, which are all that an export's arguments use, around a
+   start-up whose status nobody sees. Alignment: the caller's call, the trampoline's call and six
+   pushes make 64 bytes. */
+        .text
+        .p2align 4
+        .hidden LazyStartThunk
+        .globl  LazyStartThunk
+        .type   LazyStartThunk, @function
+LazyStartThunk:
+        .cfi_startproc
+        .irp    register, rdi, rsi, rdx, rcx, r8, r9
+        pushq   %\register
+        .cfi_adjust_cfa_offset 8
+        .endr
+        call    pxmStartUp
+        .irp    register, r9, r8, rcx, rdx, rsi, rdi
+        popq    %\register
+        .cfi_adjust_cfa_offset -8
+        .endr
+        ret
+        .cfi_endproc
+        .size   LazyStartThunk, . - LazyStartThunk
+
+/* The tables hold addresses that the loader relocates, so they stand in data that is read-only
+   afterwards; the suffixes name the entries of slots 0 to 6. Trampoline and stub take 31 bytes
+   together: a stub lies in one line of the instruction cache. */
+        .macro  STUB prefix, name, suffixes:vararg
+        .section .data.rel.ro, "aw", @progbits
+        .balign 8
+        .hidden \name\()_table
+        .globl  \name\()_table
+        .type   \name\()_table, @object
+        .quad   \name\()_trampoline
+\name\()_table:
+        .irp    suffix, \suffixes
+        .hidden \name\()_\suffix
+        .quad   \name\()_\suffix
+        .endr
+        .size   \name\()_table, . - \name\()_table
+
+        .text
+        .p2align 5
+        .type   \name\()_trampoline, @function
+\name\()_trampoline:
+        .cfi_startproc
+        _CET_ENDBR
+        call    LazyStartThunk
+        .cfi_endproc
+        .size   \name\()_trampoline, . - \name\()_trampoline
+        .globl  \prefix\name
+        .type   \prefix\name, @function
+\prefix\name:
+        .cfi_startproc
+        _CET_ENDBR
+        movslq  VariantIndex(%rip), %rax
+        leaq    \name\()_table(%rip), %r11
+        jmp     *(%r11,%rax,8)
+        .cfi_endproc
+        .size   \prefix\name, . - \prefix\name
+        .endm
+
+/* Refuses to assemble a table that has not exactly seven slots. */
+        .macro  STUB_OF_SEVEN prefix, name, mx:req, m7:req, u8:req, n8:req, y8:req, e9:req, l9:req
+        STUB    \prefix, \name, \mx, \m7, \u8, \n8, \y8, \e9, \l9
+        .endm
+
+#define DISPATCHED_SERVICE(name) STUB_OF_SEVEN legacy90pxmcc, name, PXM_EACH_VARIANT
+#define DECODE(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_DECODE_SLOTS
+#define ENCODE(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_ENCODE_SLOTS
+#define DEPTH(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_DEPTH_SLOTS
+#define TWIST(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_TWIST_SLOTS
+#include "frame/conversions.def"
+
+        .section .note.GNU-stack, "", @progbits

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// The library runs no thread of its own, and says so by a positive status.
+#include "include/pxmcc90lgc.h"
+
+extern "C" [[gnu::visibility("default")]] pxmStatus legacy90pxmccGetNumThreads(int* numThreads) {
+  if (numThreads == nullptr) return pxmStatusNullPointer;
+  *numThreads = 1;
+  return pxmStatusThreadsFixed;
+}
+
+extern "C" [[gnu::visibility("default")]] pxmStatus legacy90pxmccSetNumThreads(int) {
+  return pxmStatusThreadsFixed;
+}
