@@ -11,6 +11,9 @@ install(EXPORT pxmcc90lgc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pxmcc90lgc)
 
 write_basic_package_version_file(pxmcc90lgc-config-version.cmake COMPATIBILITY SameMajorVersion)
+
+# Relative, so that an installed tree can be moved.
+file(RELATIVE_PATH PXM_PKGCONFIG_TO_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/pxmcc90lgc.pc.in pxmcc90lgc.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc-config-version.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/pxmcc90lgc)

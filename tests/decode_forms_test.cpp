@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+// The scalar text of the decoders, compiled once more for this test, over all of its inputs.
+#define PXM_VARIANT tested
+#include <gtest/gtest.h>
+
+#include "decode/clamp_table.h"
+#include "decode/dither.inl"
+#include "decode/dither_matrix.h"
+#include "tests/oracle/oracle.h"
+
+namespace pxm::tested {
+namespace {
+
+template <class Form>
+void expectFormOverAllTriples(oracle::Rgb (*told)(int, int, int)) {
+  for (int y = 0; y < 256; ++y)
+    for (int cb = 0; cb < 256; ++cb)
+      for (int cr = 0; cr < 256; ++cr) {
+        const Channels got = Form::decode({y, cb, cr});
+        ASSERT_EQ((oracle::Rgb{got.red, got.green, got.blue}), told(y, cb, cr))
+            << y << " " << cb << " " << cr;
+      }
+}
+
+TEST(Forms, DecodeStagedOverAllTriples) {
+  expectFormOverAllTriples<DecodeStaged>(oracle::decodeStaged);
+}
+TEST(Forms, DecodeWideOverAllTriples) {
+  expectFormOverAllTriples<DecodeWide>(oracle::decodeWide);
+}
+
+TEST(Forms, ClampTableOverItsWholeRange) {
+  static_assert(sizeof ClampTable == 1000);
+  for (int i = -370; i <= 629; ++i) ASSERT_EQ(clampToByte(i), i < 0 ? 0 : i > 255 ? 255 : i) << i;
+}
+
+TEST(Dither, MatricesAreTheOracles) {
+  for (int row = 0; row < 4; ++row)
+    for (int column = 0; column < 4; ++column) {
+      EXPECT_EQ(DitherMatrix444[row][column], oracle::threshold(444, row, column));
+      EXPECT_EQ(DitherMatrix555[row][column], oracle::threshold(555, row, column));
+      EXPECT_EQ(DitherMatrix555[row][column], oracle::threshold(565, row, column));
+    }
+}
+
+TEST(Dither, LevelsOfEveryValueAtEveryThreshold) {
+  for (int v = 0; v < 256; ++v)
+    for (int t = 0; t <= 4400; ++t) {
+      ASSERT_EQ(DitherLevel4(v, t), oracle::ditherLevel4(v, t)) << v << " at " << t;
+      ASSERT_EQ(DitherLevel5(v, t), oracle::ditherLevel5(v, t)) << v << " at " << t;
+      ASSERT_EQ(DitherLevel6(v, t), oracle::ditherLevel6(v, t)) << v << " at " << t;
+    }
+}
+
+TEST(Dither, LiteralLevels) {
+  EXPECT_EQ(DitherLevel4(100, 4046), 5);
+  EXPECT_EQ(DitherLevel4(100, 3757), 6);
+  EXPECT_EQ(DitherLevel5(100, 279), 13);
+  EXPECT_EQ(DitherLevel5(100, 419), 12);
+  EXPECT_EQ(DitherLevel6(100, 1398), 25);
+  EXPECT_EQ(DitherLevel6(100, 1538), 24);
+}
+
+// Every component value at every place of the matrix and beyond it, in each channel by itself.
+template <int depth>
+void expectPackingOverAllValuesAndPlaces() {
+  for (const bool bgr : {false, true}) {
+    const PackPlain<depth> plain(bgr);
+    const PackDither<depth> dither(bgr);
+    for (int v = 0; v < 256; ++v)
+      for (int channel = 0; channel < 3; ++channel) {
+        const int other = 255 - v;
+        const oracle::Rgb told = {channel == 0 ? v : other, channel == 1 ? v : other,
+                                  channel == 2 ? v : other};
+        const Channels given = {told.r, told.g, told.b};
+        for (int row = 0; row < 8; ++row)
+          for (int column = 0; column < 8; ++column) {
+            ASSERT_EQ(plain.pack(given, row, column), oracle::packPlain(told, depth, bgr))
+                << depth << " channel " << channel << " value " << v;
+            ASSERT_EQ(dither.pack(given, row, column),
+                      oracle::packDither(told, depth, bgr, row, column))
+                << depth << " channel " << channel << " value " << v << " at " << row << ","
+                << column;
+          }
+      }
+  }
+}
+
+TEST(Packing, Of444OverAllValuesAndPlaces) {
+  expectPackingOverAllValuesAndPlaces<444>();
+}
+TEST(Packing, Of555OverAllValuesAndPlaces) {
+  expectPackingOverAllValuesAndPlaces<555>();
+}
+TEST(Packing, Of565OverAllValuesAndPlaces) {
+  expectPackingOverAllValuesAndPlaces<565>();
+}
+
+}  // namespace
+}  // namespace pxm::tested

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// The list of names against the oracle's, the public header and the slot tables.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "frame/dispatch.h"
+#include "frame/signatures.h"
+#include "tests/oracle/oracle.h"
+#include "tests/support/catalog.h"
+
+namespace {
+
+constexpr std::string_view everyExport[] = {
+#define EVERY_ROW
+#define SERVICE(name) "legacy90pxmcc" #name,
+#define CONVERSION(name, family) "legacy90pxmi" #name,
+#include "frame/conversions.def"
+};
+static_assert(std::size(everyExport) == 102);
+static_assert(std::ranges::is_sorted(everyExport), "a row's place is its ordinal");
+
+// Each prototype of the public header has the argument list of its family.
+#define CONVERSION(name, family) \
+  static_assert(std::is_same_v<decltype(legacy90pxmi##name), pxmStatus PARAMETERS(family)>);
+#include "frame/conversions.def"
+static_assert(std::is_same_v<decltype(legacy90pxmccGetLibVersion), const pxmVersionRecord*()>);
+static_assert(std::is_same_v<decltype(legacy90pxmccInit), pxmStatus()>);
+static_assert(std::is_same_v<decltype(legacy90pxmccGetNumThreads), pxmStatus(int*)>);
+static_assert(std::is_same_v<decltype(legacy90pxmccSetNumThreads), pxmStatus(int)>);
+
+static_assert(sizeof(pxmStatus) == 4 && std::is_signed_v<pxmStatus>);
+static_assert(sizeof(pxmSize) == 8 && offsetof(pxmSize, height) == 4);
+static_assert(offsetof(pxmVersionRecord, buildNumber) == 12 &&
+              offsetof(pxmVersionRecord, variantTag) == 16 &&
+              offsetof(pxmVersionRecord, label) == 24 &&
+              offsetof(pxmVersionRecord, dateText) == 40 && sizeof(pxmVersionRecord) == 48);
+
+TEST(List, Holds98ConversionsInTheOrderOfTheirOrdinals) {
+  std::vector<std::string_view> conversions;
+  for (const std::string_view name : everyExport)
+    if (name.starts_with("legacy90pxmi")) conversions.push_back(name.substr(12));
+  EXPECT_EQ(conversions.size(), 98u);
+  EXPECT_EQ(conversions, oracle::conversionNames());
+}
+
+TEST(List, ServicesComeFirst) {
+  EXPECT_EQ(everyExport[0], "legacy90pxmccGetLibVersion");
+  EXPECT_EQ(everyExport[1], "legacy90pxmccGetNumThreads");
+  EXPECT_EQ(everyExport[2], "legacy90pxmccInit");
+  EXPECT_EQ(everyExport[3], "legacy90pxmccSetNumThreads");
+  EXPECT_EQ(everyExport[101], "legacy90pxmiYUV420ToRGB565_8u16u_P3C3R");
+}
+
+TEST(List, All24ConversionsOf444AreExported) {
+  EXPECT_EQ(std::ranges::count_if(decoders(),
+                                  [](const Decoder& d) { return d.name.starts_with("YCbCrTo"); }),
+            24);
+}
+
+extern "C" {
+#define DECODE(name, ...) pxmStatus name##_mx();
+#include "frame/conversions.def"
+}
+
+// The addresses are compared as such, whatever the entries' arguments.
+TEST(List, EverySlotOfAConversionWithoutVectorCodeLeadsToItsPlainEntry) {
+  const void* const entries[] = {
+#define DECODE(name, ...) reinterpret_cast<const void*>(&name##_mx),
+#include "frame/conversions.def"
+  };
+  ASSERT_EQ(std::size(entries), decoders().size());
+  for (std::size_t i = 0; i < decoders().size(); ++i)
+    for (int slot = 0; slot < variantCount; ++slot)
+      EXPECT_EQ(decoders()[i].slots[slot], entries[i]) << decoders()[i].name << " slot " << slot;
+}
+
+}  // namespace

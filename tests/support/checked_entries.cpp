@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// The entry of every conversion without its kernel: arguments, checks and status, for all families,
+// those among them that have no kernel yet.
+#define PXM_VARIANT checked
+#include "frame/families.inl"
+
+namespace pxm::PXM_VARIANT {
+namespace {
+
+template <class Family>
+pxmStatus check(const typename Family::Arguments& a) {
+  const pxmStatus refusal = Family::Refusals::first(a);
+  return refusal != pxmStatusOk ? refusal : Family::statusAfter(a.width, a.height);
+}
+
+}  // namespace
+
+extern "C" {
+#define EVERY_ROW
+#define CONVERSION(name, family)             \
+  pxmStatus ENTRY(name) PARAMETERS(family) { \
+    return check<family>(ARGUMENTS(family)); \
+  }
+#include "frame/conversions.def"
+}
+}  // namespace pxm::PXM_VARIANT

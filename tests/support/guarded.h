@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Memory between two pages that nothing may touch.
+#ifndef TESTS_SUPPORT_GUARDED_H_
+#define TESTS_SUPPORT_GUARDED_H_
+
+#include <cstddef>
+#include <cstdint>
+
+// Readable and writable bytes with an inaccessible page directly on either side.
+class GuardedBytes {
+ public:
+  explicit GuardedBytes(std::size_t leastSize);
+  ~GuardedBytes();
+  GuardedBytes(const GuardedBytes&) = delete;
+  GuardedBytes& operator=(const GuardedBytes&) = delete;
+
+  std::uint8_t* begin() const { return bytes_; }
+  std::uint8_t* end() const { return bytes_ + size_; }
+  std::size_t size() const { return size_; }
+
+ private:
+  std::uint8_t* bytes_;
+  std::size_t size_;  // leastSize, rounded up to whole pages
+};
+
+// Which guard page an image touches: its first byte is the first behind one, or its last byte the
+// last ahead of the other.
+enum class Against { FirstPage, LastPage };
+
+// The first pixel of an image of `height` rows of `rowBytes` at `pitch` (any sign) whose outermost
+// byte touches a guard page. The image must fit.
+std::uint8_t* placeImage(const GuardedBytes& memory, Against side, std::ptrdiff_t pitch,
+                         std::ptrdiff_t rowBytes, int height);
+
+#endif
