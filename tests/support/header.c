@@ -3,4 +3,6 @@
 #include <pxmcc90lgc.h>
 
 int headerIsPlainC(void);
-int headerIsPlainC(void) { return (int)sizeof(pxmVersionRecord); }
+int headerIsPlainC(void) {
+  return (int)sizeof(pxmVersionRecord);
+}

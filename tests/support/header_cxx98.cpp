@@ -2,4 +2,6 @@
 // The public header, and nothing else, as C++98.
 #include <pxmcc90lgc.h>
 
-int headerIsPlainCxx() { return static_cast<int>(sizeof(pxmVersionRecord)); }
+int headerIsPlainCxx() {
+  return static_cast<int>(sizeof(pxmVersionRecord));
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What every program prints when asked.
+#include <string>
+
+#include "program_run.h"
+
+namespace programs {
+namespace {
+
+class Programs : public ProgramTest {};
+
+TEST_F(Programs, HelpGoesToStandardOutput) {
+  for (const char* program : {Y4M2PNG, TESTCLIP}) {
+    const Outcome outcome = run({program, "--help"});
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.out.compare(0, 7, "Usage: "), 0);
+    EXPECT_EQ(outcome.err, "");
+  }
+}
+
+TEST_F(Programs, UnprintableHelpIsAFailure) {
+  const Surroundings full = {.outFile = "/dev/full"};
+  EXPECT_TRUE(failedWith(y4m2png({"--help"}, full), 1, "y4m2png", "No space left on device"));
+  EXPECT_TRUE(failedWith(testclip({"--help"}, full), 1, "testclip", "No space left on device"));
+}
+
+TEST_F(Programs, WhichVariantPrintsFiveLines) {
+  const Outcome outcome = run({WHICH_VARIANT});
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_EQ(outcome.err, "");
+  size_t at = 0;
+  for (const char* name :
+       {"variant  ", "\nlabel    pxmCC ", "\nrelease  ", "\ndate     ", "\ninit     "}) {
+    const size_t found = outcome.out.find(name, at);
+    ASSERT_NE(found, std::string::npos) << name;
+    at = found + 1;
+  }
+}
+
+TEST_F(Programs, WhichVariantNamesATagOfTheLibrary) {
+  const std::string out = run({WHICH_VARIANT}).out;
+  const std::string tag = out.substr(0, out.find('\n')).substr(9);
+  EXPECT_NE(std::string(" mx m7 u8 n8 y8 e9 l9 ").find(" " + tag + " "), std::string::npos) << tag;
+  EXPECT_NE(out.find("(" + tag + ")"), std::string::npos);
+}
+
+TEST_F(Programs, WhichVariantReportsAFullDisk) {
+  const Outcome outcome = run({WHICH_VARIANT}, {.outFile = "/dev/full"});
+  EXPECT_TRUE(failedWith(outcome, 1, "which_variant", "cannot write to standard output"));
+}
+
+}  // namespace
+}  // namespace programs
