@@ -1,11 +1,12 @@
 # SPDX-License-Identifier: MIT
-# How the library's own units are compiled. Each unit states its instruction level, whatever the
-# environment's flags say, and no optimization crosses units: code of one variant must not reach
-# another's.
+# How the library's own units are compiled. Each unit states its instruction level, and takes back
+# what the environment's flags may have added; no optimization crosses units: code of one variant
+# must not reach another's.
 
 set(PXM_CODE_FLAGS
   $<$<NOT:$<CONFIG:Debug>>:-O2>
   -march=x86-64 -mtune=generic
+  -mno-sse3 -mno-avx -mno-fma -mno-bmi -mno-bmi2 -mno-lzcnt -mno-popcnt -mno-movbe
   -fno-lto
   -fcf-protection=full
   -fvisibility=hidden

@@ -11,7 +11,7 @@ constinit const int32_t DitherMatrix444[4][4] = {
     {4335, 2023, 3757, 1445},
 };
 
-// Close to 139.8 times the index matrix, and not exactly: no formula stands in for these.
+// 839 / 6 times the index matrix, rounded down.
 constinit const int32_t DitherMatrix555[4][4] = {
     {0, 1118, 279, 1398},
     {1678, 559, 1957, 839},

@@ -13,8 +13,7 @@ enum class Order { Rgb = 0, Bgr = 1 };
 template <class Family, class Kernel, Order order>
 PXM_INLINE pxmStatus decode(const typename Family::Arguments& a) {
   if (const pxmStatus refusal = Family::Refusals::first(a); refusal != pxmStatusOk) return refusal;
-  const int dstPitch = a.dstStep >> 1;  // in pixels, rounded down: an odd pitch loses its low bit
-  Kernel::run(a, dstPitch, static_cast<int>(order));
+  Kernel::run(a, Family::kernelPitch(a.dstStep), static_cast<int>(order));
   return Family::statusAfter(a.width, a.height);
 }
 

@@ -1,73 +1,146 @@
 // SPDX-License-Identifier: MIT
-// Where samples come from and where pixels go: images with pitches, and their rows without.
+// Where samples come from. An image knows pointers and pitches and hands out rows; a row knows
+// samples: luma of a column, the chroma of the group that starts at a column, and the chroma of the
+// columns left over when the width is no multiple of the group.
 #ifndef PXM_DECODE_SOURCES_INL
 #define PXM_DECODE_SOURCES_INL
 
-#include <stddef.h>
-#include <string.h>
-
 #include "decode/forms.inl"
+#include "frame/rows.inl"
 #include "frame/signatures.h"
 
 PXM_TEXT_BEGIN
 
-// Rows stand at full-width multiples of the pitch from the first.
-template <class T>
-PXM_INLINE T* rowAt(T* image, int row, ptrdiff_t pitch) {
-  return image + row * pitch;
-}
+// Rows of luma, `rowCount` of them, that share one row of each chroma plane; one chroma sample for
+// 1 << chromaShift columns.
+template <int rows, int shift>
+struct PlanarRows {
+  static constexpr int rowCount = rows;
+  static constexpr int chromaShift = shift;
+  Bytes luma[rows];
+  Bytes cb, cr;
 
-// Three planes of equal size and one pitch.
-struct Planar444 {
-  using Arguments = PlanesOnePitchToPixels;
-  Bytes plane[3];
-  ptrdiff_t pitch;
+  PXM_INLINE int y(int row, ptrdiff_t x) const { return luma[row][x]; }
+  PXM_INLINE Chroma chroma(ptrdiff_t x) const { return {cb[x >> shift], cr[x >> shift]}; }
+  PXM_INLINE Chroma chromaOfRest(ptrdiff_t x) const { return chroma(x); }
+};
 
-  PXM_INLINE explicit Planar444(const Arguments& a)
-      : plane{a.src[0], a.src[1], a.src[2]}, pitch(a.srcStep) {}
+// Four columns a sample. The columns left over take the chroma of the last whole group: the planes
+// hold no sample for them.
+struct PlanarRow411 : PlanarRows<1, 2> {
+  PXM_INLINE Chroma chromaOfRest(ptrdiff_t x) const { return chroma(x - 4); }
+};
 
-  struct Row {
-    Bytes y, cb, cr;
-    PXM_INLINE Samples at(ptrdiff_t x) const { return {y[x], cb[x], cr[x]}; }
-  };
-  PXM_INLINE Row row(int n) const {
-    return {rowAt(plane[0], n, pitch), rowAt(plane[1], n, pitch), rowAt(plane[2], n, pitch)};
+// Y, Cb, Cr of each pixel.
+struct PackedRow444 {
+  static constexpr int rowCount = 1;
+  static constexpr int chromaShift = 0;
+  Bytes samples;
+
+  PXM_INLINE int y(int, ptrdiff_t x) const { return samples[3 * x]; }
+  PXM_INLINE Chroma chroma(ptrdiff_t x) const { return {samples[3 * x + 1], samples[3 * x + 2]}; }
+  PXM_INLINE Chroma chromaOfRest(ptrdiff_t x) const { return chroma(x); }
+};
+
+// Y, Cb, Y, Cr of two pixels. The last pixel of an odd width has one chroma byte of its own.
+struct PackedRow422 {
+  static constexpr int rowCount = 1;
+  static constexpr int chromaShift = 1;
+  Bytes samples;
+
+  PXM_INLINE int y(int, ptrdiff_t x) const { return samples[2 * x]; }
+  PXM_INLINE Chroma chroma(ptrdiff_t x) const { return {samples[2 * x + 1], samples[2 * x + 3]}; }
+};
+
+// Required: under dither that byte serves as Cb and as Cr.
+struct PackedRow422OwnByte : PackedRow422 {
+  PXM_INLINE Chroma chromaOfRest(ptrdiff_t x) const {
+    return {samples[2 * x + 1], samples[2 * x + 1]};
   }
 };
 
-// One image of three bytes a pixel: Y, Cb, Cr.
-struct Packed444 {
+// Required: without dither Cr is that of the pair before, the byte ahead of the pixel's luma.
+struct PackedRow422LastCr : PackedRow422 {
+  PXM_INLINE Chroma chromaOfRest(ptrdiff_t x) const {
+    return {samples[2 * x + 1], samples[2 * x - 1]};
+  }
+};
+
+struct PlanarImage444 {
+  using Arguments = PlanesOnePitchToPixels;
+  using Row = PlanarRows<1, 0>;
+  Bytes luma, cb, cr;
+  ptrdiff_t pitch;
+
+  PXM_INLINE explicit PlanarImage444(const Arguments& a)
+      : luma(a.src[0]), cb(a.src[1]), cr(a.src[2]), pitch(a.srcStep) {}
+  PXM_INLINE Row row(int n) const {
+    return {{rowAt(luma, n, pitch)}, rowAt(cb, n, pitch), rowAt(cr, n, pitch)};
+  }
+};
+
+// One image; `RowOf` says what its bytes are.
+template <class RowOf>
+struct PackedImage {
   using Arguments = BytesToPixels;
+  using Row = RowOf;
   Bytes image;
   ptrdiff_t pitch;
 
-  PXM_INLINE explicit Packed444(const Arguments& a) : image(a.src), pitch(a.srcStep) {}
-
-  struct Row {
-    Bytes samples;
-    PXM_INLINE Samples at(ptrdiff_t x) const {
-      return {samples[3 * x], samples[3 * x + 1], samples[3 * x + 2]};
-    }
-  };
+  PXM_INLINE explicit PackedImage(const Arguments& a) : image(a.src), pitch(a.srcStep) {}
   PXM_INLINE Row row(int n) const { return {rowAt(image, n, pitch)}; }
 };
 
-// 16-bit pixels at any address, the pitch counted in pixels.
-struct Pixels {
-  uint8_t* image;
-  ptrdiff_t pitch;
+// Three planes with a pitch each.
+struct PlanarImage {
+  using Arguments = PlanesToPixels;
+  Bytes luma, cb, cr;
+  int lumaPitch, cbPitch, crPitch;
 
-  PXM_INLINE Pixels(uint16_t* first, int pitchInPixels)
-      : image(reinterpret_cast<uint8_t*>(first)), pitch(ptrdiff_t{2} * pitchInPixels) {}
+  PXM_INLINE explicit PlanarImage(const Arguments& a)
+      : luma(a.src[0]),
+        cb(a.src[1]),
+        cr(a.src[2]),
+        lumaPitch(a.srcStep[0]),
+        cbPitch(a.srcStep[1]),
+        crPitch(a.srcStep[2]) {}
+};
 
-  struct Row {
-    uint8_t* pixels;
-    int number;
-    PXM_INLINE void store(ptrdiff_t x, uint16_t word) const {
-      memcpy(pixels + 2 * x, &word, sizeof word);
-    }
-  };
-  PXM_INLINE Row row(int n) const { return {rowAt(image, n, pitch), n}; }
+struct PlanarImage422 : PlanarImage {
+  using PlanarImage::PlanarImage;
+  using Row = PlanarRows<1, 1>;
+  PXM_INLINE Row row(int n) const {
+    return {{wrappedRowAt(luma, n, lumaPitch)},
+            wrappedRowAt(cb, n, cbPitch),
+            wrappedRowAt(cr, n, crPitch)};
+  }
+};
+
+struct PlanarImage411 : PlanarImage {
+  using PlanarImage::PlanarImage;
+  using Row = PlanarRow411;
+  PXM_INLINE Row row(int n) const {
+    return {{{rowAt(luma, n, lumaPitch)}, rowAt(cb, n, cbPitch), rowAt(cr, n, crPitch)}};
+  }
+};
+
+// Two rows of luma to a row of chroma; the last row of an odd height has one for itself. The lower
+// row of a pair is one pitch on, in full width.
+struct PlanarImage420 : PlanarImage {
+  using PlanarImage::PlanarImage;
+  using Pair = PlanarRows<2, 1>;
+  using LastRow = PlanarRows<1, 1>;
+  PXM_INLINE Pair pair(int n) const {
+    const Bytes upper = wrappedRowAt(luma, n, lumaPitch);
+    return {{upper, upper + lumaPitch},
+            wrappedRowAt(cb, n >> 1, cbPitch),
+            wrappedRowAt(cr, n >> 1, crPitch)};
+  }
+  PXM_INLINE LastRow lastRow(int n) const {
+    return {{wrappedRowAt(luma, n, lumaPitch)},
+            wrappedRowAt(cb, n >> 1, cbPitch),
+            wrappedRowAt(cr, n >> 1, crPitch)};
+  }
 };
 
 PXM_TEXT_END

@@ -30,8 +30,9 @@ struct Minimum {
   int width, height;
 };
 
-PXM_INLINE bool anyNull(const void* first, const void* second, const void* third) {
-  return first == nullptr || second == nullptr || third == nullptr;
+template <class Planes>
+PXM_INLINE bool anyNull(const Planes& planes) {
+  return planes[0] == nullptr || planes[1] == nullptr || planes[2] == nullptr;
 }
 
 // One check; only the members that a family's arguments have are named.
@@ -42,11 +43,11 @@ PXM_INLINE pxmStatus test(const A& a) {
   if constexpr (check == Check::SrcDst) return a.srcDst ? pxmStatusOk : pxmStatusNullPointer;
   if constexpr (check == Check::Twist) return a.twist ? pxmStatusOk : pxmStatusNullPointer;
   if constexpr (check == Check::SrcPlanes)
-    return anyNull(a.src[0], a.src[1], a.src[2]) ? pxmStatusNullPointer : pxmStatusOk;
+    return anyNull(a.src) ? pxmStatusNullPointer : pxmStatusOk;
   if constexpr (check == Check::DstPlanes)
-    return anyNull(a.dst[0], a.dst[1], a.dst[2]) ? pxmStatusNullPointer : pxmStatusOk;
+    return anyNull(a.dst) ? pxmStatusNullPointer : pxmStatusOk;
   if constexpr (check == Check::SrcDstPlanes)
-    return anyNull(a.srcDst[0], a.srcDst[1], a.srcDst[2]) ? pxmStatusNullPointer : pxmStatusOk;
+    return anyNull(a.srcDst) ? pxmStatusNullPointer : pxmStatusOk;
   if constexpr (check == Check::Width)
     return a.width < minimum.width ? pxmStatusBadSize : pxmStatusOk;
   if constexpr (check == Check::Height)

@@ -36,17 +36,17 @@ constexpr uint32_t fourCharacters(const char* text) {
 }  // namespace
 
 Selection selectVariant(pxmStatus detection, FeatureMask m) {
-  if (detection != pxmStatusOk) return {variantMx, enabledMx};
+  if (detection != pxmStatusOk) return {variant_mx, enabledMx};
   if (hasAll(m, featureAvx | featureAvxState) && LevelAllowed(avxLevel)) {
-    if (hasAll(m, featureAvx2Level)) return {variantL9, m & enabledL9};
-    return {variantE9, m & enabledE9};
+    if (hasAll(m, featureAvx2Level)) return {variant_l9, m & enabledL9};
+    return {variant_e9, m & enabledE9};
   }
   // SSE4.1 before MOVBE: a processor with both takes y8.
-  if (hasAll(m, featureSse41)) return {variantY8, m & enabledY8};
-  if (hasAll(m, featureMovbe | featureSsse3)) return {variantN8, m & enabledN8};
-  if (hasAll(m, featureSsse3)) return {variantU8, m & enabledU8};
-  if (hasAll(m, featureSse3)) return {variantM7, m & enabledM7};
-  return {variantMx, m & enabledMx};
+  if (hasAll(m, featureSse41)) return {variant_y8, m & enabledY8};
+  if (hasAll(m, featureMovbe | featureSsse3)) return {variant_n8, m & enabledN8};
+  if (hasAll(m, featureSsse3)) return {variant_u8, m & enabledU8};
+  if (hasAll(m, featureSse3)) return {variant_m7, m & enabledM7};
+  return {variant_mx, m & enabledMx};
 }
 
 int IsFavouredVendor(const CpuIdRecord& leaf0) {
@@ -64,7 +64,7 @@ pxmStatus startUp(const Processor& processor, FeatureMaskCache& cache) {
   CpuIdRecord record = {};
   const pxmStatus detection = GetProcessorInfo(processor, cache, &mask, &record);
   const Selection selection = selectVariant(detection, mask);
-  __atomic_store_n(&VariantIndex, selection.variant, __ATOMIC_RELAXED);
+  __atomic_store_n(&VariantIndex, int32_t{selection.variant}, __ATOMIC_RELAXED);
   (void)SetEnabledFeatures(selection.enabled);  // a release store: the index is stored first
 
   const int hasCpuId = processor.HasCpuId();

@@ -22,12 +22,15 @@ namespace pxm {
 
 constexpr unsigned processAttach = 1;
 
-constexpr int variantMx = 0, variantM7 = 1, variantU8 = 2, variantN8 = 3, variantY8 = 4,
-              variantE9 = 5, variantL9 = 6;
+// variant_mx is 0, variant_l9 is 6.
+enum Variant : int {
+#define VARIANT(tag) variant_##tag,
+#include "frame/variants.def"
+};
 
 // A variant, and the features that it knows about.
 struct Selection {
-  int variant;
+  Variant variant;
   FeatureMask enabled;
 };
 

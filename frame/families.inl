@@ -23,25 +23,35 @@ struct WholeGroups {
   }
 };
 
+// A pitch of 16-bit pixels as kernels count it: in pixels, rounded down, so that an odd one loses
+// its low bit.
+struct PitchInPixels {
+  PXM_INLINE static int kernelPitch(int step) { return step >> 1; }
+};
+
+struct PitchInBytes {
+  PXM_INLINE static int kernelPitch(int step) { return step; }
+};
+
 // Decoding from planes: sizes come before the planes themselves.
-struct DecodePlanar : AnySize {
+struct DecodePlanar : AnySize, PitchInPixels {
   using Arguments = PlanesToPixels;
   using Refusals =
       Checks<Minimum{1, 1}, Check::Src, Check::Dst, Check::Width, Check::Height, Check::SrcPlanes>;
 };
 
-struct DecodePlanarOnePitch : AnySize {
+struct DecodePlanarOnePitch : AnySize, PitchInPixels {
   using Arguments = PlanesOnePitchToPixels;
   using Refusals = DecodePlanar::Refusals;
 };
 
-struct DecodePacked : AnySize {
+struct DecodePacked : AnySize, PitchInPixels {
   using Arguments = BytesToPixels;
   using Refusals = Checks<Minimum{1, 1}, Check::Src, Check::Dst, Check::Width, Check::Height>;
 };
 
 // 4:1:1: planes first, and a width of at least one chroma sample.
-struct Decode411 : WholeGroups<4, 1> {
+struct Decode411 : WholeGroups<4, 1>, PitchInBytes {
   using Arguments = PlanesToPixels;
   using Refusals =
       Checks<Minimum{4, 1}, Check::Src, Check::Dst, Check::SrcPlanes, Check::Width, Check::Height>;

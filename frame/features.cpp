@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "frame/features.h"
 
-#include <cpuid.h>
-
 namespace pxm {
 namespace {
 
+// Every processor that runs this code has CPUID.
 int hasCpuId() {
   return 1;
-}  // every processor that runs this code has CPUID
+}
 
 void readCpuId(CpuIdRecord* record, uint32_t leaf, uint32_t subleaf) {
-  __cpuid_count(leaf, subleaf, record->eax, record->ebx, record->ecx, record->edx);
+  asm volatile("cpuid"
+               : "=a"(record->eax), "=b"(record->ebx), "=c"(record->ecx), "=d"(record->edx)
+               : "0"(leaf), "1"(0), "2"(subleaf), "3"(0));
 }
 
 uint64_t readXcr0() {

@@ -8,6 +8,10 @@
 
 #include "frame/variants.def"
 
+#ifndef __ELF__
+#error "the stubs are laid out for ELF"
+#endif
+
         .hidden VariantIndex
         .hidden pxmStartUp
 

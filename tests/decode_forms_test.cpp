@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "decode/clamp_table.h"
+#include "decode/columns.inl"
 #include "decode/dither.inl"
 #include "decode/dither_matrix.h"
 #include "tests/oracle/oracle.h"
@@ -12,13 +13,16 @@ namespace pxm::tested {
 namespace {
 
 template <class Form>
-void expectFormOverAllTriples(oracle::Rgb (*told)(int, int, int)) {
+void expectFormOverAllTriples(oracle::Rgb (*expected)(int, int, int)) {
   for (int y = 0; y < 256; ++y)
     for (int cb = 0; cb < 256; ++cb)
       for (int cr = 0; cr < 256; ++cr) {
-        const Channels got = Form::decode({y, cb, cr});
-        ASSERT_EQ((oracle::Rgb{got.red, got.green, got.blue}), told(y, cb, cr))
-            << y << " " << cb << " " << cr;
+        const Channels got = decodePixel<Form>(y, {cb, cr});
+        const oracle::Rgb want =
+            expected(y, cb, cr);  // compared first without the test's machinery
+        if (got.red != want.r || got.green != want.g || got.blue != want.b)
+          FAIL() << y << " " << cb << " " << cr << ": " << got.red << " " << got.green << " "
+                 << got.blue;
       }
 }
 
@@ -27,6 +31,21 @@ TEST(Forms, DecodeStagedOverAllTriples) {
 }
 TEST(Forms, DecodeWideOverAllTriples) {
   expectFormOverAllTriples<DecodeWide>(oracle::decodeWide);
+}
+TEST(Forms, DecodeFoldedOverAllTriples) {
+  expectFormOverAllTriples<DecodeFolded>(oracle::decodeFolded);
+}
+TEST(Forms, DecodeRoundedOverAllTriples) {
+  expectFormOverAllTriples<DecodeRounded>(oracle::decodeRounded);
+}
+TEST(Forms, DecodeYuvPlainOverAllTriples) {
+  expectFormOverAllTriples<DecodeYuvPlain>(oracle::decodeYuvPlain);
+}
+TEST(Forms, DecodeYuvRoundedOverAllTriples) {
+  expectFormOverAllTriples<DecodeYuvRounded>(oracle::decodeYuvRounded);
+}
+TEST(Forms, DecodeYuvStagedOverAllTriples) {
+  expectFormOverAllTriples<DecodeYuvStaged>(oracle::decodeYuvStaged);
 }
 
 TEST(Forms, ClampTableOverItsWholeRange) {
@@ -70,20 +89,37 @@ void expectPackingOverAllValuesAndPlaces() {
     for (int v = 0; v < 256; ++v)
       for (int channel = 0; channel < 3; ++channel) {
         const int other = 255 - v;
-        const oracle::Rgb told = {channel == 0 ? v : other, channel == 1 ? v : other,
-                                  channel == 2 ? v : other};
-        const Channels given = {told.r, told.g, told.b};
+        const oracle::Rgb expected = {channel == 0 ? v : other, channel == 1 ? v : other,
+                                      channel == 2 ? v : other};
+        const Channels given = {expected.r, expected.g, expected.b};
         for (int row = 0; row < 8; ++row)
           for (int column = 0; column < 8; ++column) {
-            ASSERT_EQ(plain.pack(given, row, column), oracle::packPlain(told, depth, bgr))
+            ASSERT_EQ(plain.pack(given, row, column), oracle::packPlain(expected, depth, bgr))
                 << depth << " channel " << channel << " value " << v;
             ASSERT_EQ(dither.pack(given, row, column),
-                      oracle::packDither(told, depth, bgr, row, column))
+                      oracle::packDither(expected, depth, bgr, row, column))
                 << depth << " channel " << channel << " value " << v << " at " << row << ","
                 << column;
           }
       }
   }
+}
+
+// Any value but 0 means BGR.
+TEST(Packing, OrderIsATruthValue) {
+  for (const int isBgr : {1, 2, -1, -2147483647 - 1}) {
+    const PackPlain<565> packer(isBgr);
+    EXPECT_EQ(packer.pack({255, 0, 0}, 0, 0), 0xF800) << isBgr;
+  }
+  EXPECT_EQ(PackPlain<565>(0).pack({255, 0, 0}, 0, 0), 0x001F);
+}
+
+// A row of no columns reads and writes nothing.
+TEST(Columns, NothingBelowWidth1) {
+  const Columns<PackedRow444, DecodeWide, PackPlain<565>> row = {
+      {nullptr}, {{nullptr, 0}}, PackPlain<565>(1)};
+  row.tail(0, 0);
+  row.tail(0, -1);
 }
 
 TEST(Packing, Of444OverAllValuesAndPlaces) {

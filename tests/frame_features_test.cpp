@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 // The feature mask on made-up processors: it is a function of what CPUID and XCR0 answer.
+#include <cpuid.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
+#include <cstddef>
+#include <cstring>
 #include <map>
 #include <utility>
 #include <vector>
 
+#include "frame/dispatch.h"
 #include "frame/features.h"
 
 namespace {
@@ -177,6 +184,10 @@ TEST_F(Features, FamilyBAsksItsCoprocessorLeaf) {
   EXPECT_EQ(mask(), 0x80001000u);
   leaf1().eax = 0xB20;
   EXPECT_EQ(mask(), 0x1000u);
+  leaf1().eax = 0xFFFFFB1F;  // no other bit has a say
+  EXPECT_EQ(mask(), 0x80001000u);
+  leaf1().eax = 0xFFFFFBFF;
+  EXPECT_EQ(mask(), 0x1000u);
   leaf1().eax = 0xA10;
   cpu.asked.clear();
   EXPECT_EQ(mask(), 0u);
@@ -267,6 +278,89 @@ TEST_F(Features, ProcessorInfoWithTheMagicWordAsksTheCallersLeaf) {
   EXPECT_EQ(record.ecx, 43u);
   EXPECT_EQ(record.edx, 44u);
   EXPECT_EQ(word, 4u);
+}
+
+TEST_F(Features, ProcessorInfoComparesAllEightCharactersOfTheMagicWord) {
+  FeatureMaskCache cache = {};
+  for (int i = 0; i < 8; ++i) {
+    char text[9] = "getinfoa";
+    text[i] ^= 1;
+    uint64_t word;
+    memcpy(&word, text, sizeof word);
+    CpuIdRecord record = {4, 0, 1, 0};
+    EXPECT_EQ(pxm::GetProcessorInfo(madeUpProcessor, cache, &word, &record), 0);
+    EXPECT_EQ(cpu.asked.back(), Query(1, 0)) << text;
+  }
+}
+
+// A start-up asks what detection asks, then leaf 1 for a record that it drops, then the vendor. The
+// second one has the mask in its cache.
+TEST_F(Features, StartUpQueriesTheMaskOnce) {
+  FeatureMaskCache cache = {};
+  EXPECT_EQ(pxm::startUp(madeUpProcessor, cache), 20);
+  EXPECT_EQ(cpu.asked,
+            (std::vector<Query>{
+                {0, 0}, {0x80000000, 0}, {1, 0}, {7, 0}, {0x80000001, 0}, {1, 0}, {0, 0}}));
+  cpu.asked.clear();
+  EXPECT_EQ(pxm::startUp(madeUpProcessor, cache), 20);
+  EXPECT_EQ(cpu.asked, (std::vector<Query>{{1, 0}, {0, 0}}));
+  legacy90pxmccInit();
+}
+
+TEST(ThisProcessor, AnswersByLeafAndSubLeaf) {
+  CpuIdRecord leaf, asked;
+  for (const uint32_t subleaf : {0u, 1u}) {
+    __cpuid_count(0xD, subleaf, leaf.eax, leaf.ebx, leaf.ecx, leaf.edx);
+    pxm::thisProcessor.ReadCpuId(&asked, 0xD, subleaf);
+    EXPECT_EQ(asked.eax, leaf.eax) << subleaf;
+    EXPECT_EQ(asked.edx, leaf.edx) << subleaf;
+  }
+  EXPECT_EQ(pxm::thisProcessor.HasCpuId(), 1);
+}
+
+// The two stores of the cache, as page faults see them: the mask lies at the end of one read-only
+// page, its valid flag at the start of the next.
+class CacheStores : public testing::Test {
+ protected:
+  CacheStores()
+      : pages(static_cast<char*>(mmap(nullptr, 2 * pageSize, PROT_READ | PROT_WRITE,
+                                      MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
+    watched = pages;
+    faults = 0;
+    struct sigaction action = {};
+    action.sa_sigaction = [](int, siginfo_t* info, void*) {
+      const long page = (static_cast<char*>(info->si_addr) - watched) / pageSize;
+      if (page < 0 || page > 1 || faults == 2) _exit(3);
+      pageOfFault[faults++] = page;
+      mprotect(watched + page * pageSize, pageSize, PROT_READ | PROT_WRITE);
+    };
+    action.sa_flags = SA_SIGINFO;
+    sigaction(SIGSEGV, &action, &before);
+  }
+  ~CacheStores() override {
+    sigaction(SIGSEGV, &before, nullptr);
+    munmap(pages, 2 * pageSize);
+  }
+
+  static constexpr long pageSize = 4096;
+  static inline char* watched;
+  static inline int faults;
+  static inline long pageOfFault[2];
+  char* pages;
+  struct sigaction before;
+};
+
+TEST_F(CacheStores, TheMaskComesBeforeTheFlagThatVouchesForIt) {
+  auto* cache =
+      reinterpret_cast<FeatureMaskCache*>(pages + pageSize - sizeof(FeatureMaskCache::mask));
+  static_assert(offsetof(FeatureMaskCache, valid) == sizeof(FeatureMaskCache::mask));
+  mprotect(pages, 2 * pageSize, PROT_READ);
+  uint64_t mask;
+  EXPECT_EQ(pxm::DetectFeatures(pxm::thisProcessor, *cache, &mask), 1u);
+  ASSERT_EQ(faults, 2);
+  EXPECT_EQ(pageOfFault[0], 0);
+  EXPECT_EQ(pageOfFault[1], 1);
+  EXPECT_EQ(cache->mask, mask);
 }
 
 TEST(EnabledFeatures, TestWantsEveryBit) {

@@ -10,12 +10,12 @@
 #include "frame/dispatch.h"
 #include "frame/signatures.h"
 #include "tests/oracle/oracle.h"
-#include "tests/support/catalog.h"
+#include "tests/support/calls.h"
+#include "tests/support/variants.h"
 
 namespace {
 
 constexpr std::string_view everyExport[] = {
-#define EVERY_ROW
 #define SERVICE(name) "legacy90pxmcc" #name,
 #define CONVERSION(name, family) "legacy90pxmi" #name,
 #include "frame/conversions.def"
@@ -55,27 +55,29 @@ TEST(List, ServicesComeFirst) {
   EXPECT_EQ(everyExport[101], "legacy90pxmiYUV420ToRGB565_8u16u_P3C3R");
 }
 
-TEST(List, All24ConversionsOf444AreExported) {
-  EXPECT_EQ(std::ranges::count_if(decoders(),
-                                  [](const Decoder& d) { return d.name.starts_with("YCbCrTo"); }),
-            24);
+TEST(List, EveryKindHasItsCount) {
+  EXPECT_EQ(conversionsOf(Kind::Decode).size(), 74u);
+  EXPECT_EQ(conversionsOf(Kind::Encode).size(), 14u);
+  EXPECT_EQ(conversionsOf(Kind::Depth).size(), 4u);
+  EXPECT_EQ(conversionsOf(Kind::Twist).size(), 6u);
 }
 
 extern "C" {
-#define DECODE(name, ...) pxmStatus name##_mx();
+#define CONVERSION(name, family) pxmStatus name##_mx();
 #include "frame/conversions.def"
 }
 
 // The addresses are compared as such, whatever the entries' arguments.
 TEST(List, EverySlotOfAConversionWithoutVectorCodeLeadsToItsPlainEntry) {
   const void* const entries[] = {
-#define DECODE(name, ...) reinterpret_cast<const void*>(&name##_mx),
+#define CONVERSION(name, family) reinterpret_cast<const void*>(&name##_mx),
 #include "frame/conversions.def"
   };
-  ASSERT_EQ(std::size(entries), decoders().size());
-  for (std::size_t i = 0; i < decoders().size(); ++i)
+  ASSERT_EQ(std::size(entries), conversions().size());
+  for (std::size_t i = 0; i < conversions().size(); ++i)
     for (int slot = 0; slot < variantCount; ++slot)
-      EXPECT_EQ(decoders()[i].slots[slot], entries[i]) << decoders()[i].name << " slot " << slot;
+      EXPECT_EQ(slotsOf(conversions()[i])[slot], entries[i])
+          << conversions()[i].name << " slot " << slot;
 }
 
 }  // namespace

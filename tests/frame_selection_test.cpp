@@ -6,7 +6,7 @@
 #include <set>
 
 #include "frame/dispatch.h"
-#include "tests/support/catalog.h"
+#include "tests/support/variants.h"
 
 namespace {
 
@@ -14,8 +14,14 @@ using pxm::CpuIdRecord;
 using pxm::Processor;
 using pxm::Selection;
 
+// By number, as the slots are counted.
+struct Choice {
+  int variant;
+  uint64_t enabled;
+};
+
 // The order of tests, restated: the first line whose features are all there wins.
-Selection expected(uint64_t m) {
+Choice expected(uint64_t m) {
   const bool avx = m & 0x100 && m & 0x200;
   if (avx && m & 0x8000) return {6, m & 1044479};
   if (avx) return {5, m & 552927};

@@ -13,7 +13,9 @@ namespace {
 class SharedObject : public testing::Test {
  protected:
   SharedObject() : handle(dlopen(PXM_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {}
-  ~SharedObject() override { dlclose(handle); }
+  ~SharedObject() override {
+    if (handle != nullptr) dlclose(handle);
+  }
   void SetUp() override { ASSERT_NE(handle, nullptr) << dlerror(); }
 
   template <class Function>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The two operations on which all the integer arithmetic of the oracle rests.
+// The operations on which all the integer arithmetic of the oracle rests.
 
 #ifndef TESTS_ORACLE_ARITHMETIC_H_
 #define TESTS_ORACLE_ARITHMETIC_H_
@@ -18,6 +18,11 @@ constexpr std::int64_t floorShift(std::int64_t value, int bits) {
 // value held to 0..255.
 constexpr int saturate(std::int64_t value) {
   return static_cast<int>(std::clamp<std::int64_t>(value, 0, 255));
+}
+
+// value as a signed number of 32 bits that wraps.
+constexpr std::int64_t wrap32(std::int64_t value) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }
 
 }  // namespace oracle

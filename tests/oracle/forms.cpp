@@ -54,6 +54,15 @@ Indices foldedIndices(int y, int cb, int cr) {
           floorShift(luma + Wide{cb} * 132186 + kFoldedOffsetB, 16)};
 }
 
+// Green is rounded to nearest as well.
+Indices roundedIndices(int y, int cb, int cr) {
+  const Wide luma = Wide{y} * 76284 - kWideBlack + kRounding;
+  const Wide u = Wide{cb} - 128;
+  const Wide v = Wide{cr} - 128;
+  return {floorShift(luma + v * 104595, 16), floorShift(luma - u * 25690 - v * 53281, 16),
+          floorShift(luma + u * 132186, 16)};
+}
+
 Indices yuvPlainIndices(int y, int u, int v) {
   const Wide luma = Wide{y} * 65536;
   const Wide du = Wide{u} - 128;
@@ -84,6 +93,9 @@ Rgb decodeWide(int y, int cb, int cr) {
 }
 Rgb decodeFolded(int y, int cb, int cr) {
   return saturated(foldedIndices(y, cb, cr));
+}
+Rgb decodeRounded(int y, int cb, int cr) {
+  return saturated(roundedIndices(y, cb, cr));
 }
 Rgb decodeYuvPlain(int y, int u, int v) {
   return saturated(yuvPlainIndices(y, u, v));

@@ -23,6 +23,9 @@ inline constexpr std::int64_t kWideBlack = 1220544;
 // What the rounded YUV form adds to red and blue.
 inline constexpr std::int64_t kYuvRounding = 32768;
 
+// What the form of 4:1:1 adds to all three components.
+inline constexpr std::int64_t kRounding = 32768;
+
 // The offsets of the folded form, one per component.
 inline constexpr std::int64_t kFoldedOffsetR = -14608761;
 inline constexpr std::int64_t kFoldedOffsetG = 8887730;
@@ -33,6 +36,7 @@ inline constexpr std::int64_t kFoldedOffsetB = -18140365;
 Indices stagedIndices(int y, int cb, int cr);
 Indices wideIndices(int y, int cb, int cr);
 Indices foldedIndices(int y, int cb, int cr);
+Indices roundedIndices(int y, int cb, int cr);
 Indices yuvPlainIndices(int y, int u, int v);
 Indices yuvRoundedIndices(int y, int u, int v);
 Indices yuvStagedIndices(int y, int u, int v);

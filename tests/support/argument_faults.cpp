@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/argument_faults.h"
 
+#include <sys/mman.h>
+
 #include <cstdint>
 #include <cstring>
 
@@ -17,6 +19,12 @@ struct Memory {
   int dstSteps[3];
 };
 
+void* unreadable() {
+  static void* const page =
+      mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  return page;
+}
+
 // Pointers to the three planes, one of them null where asked for.
 template <class T>
 struct Planes {
@@ -26,8 +34,14 @@ struct Planes {
            reinterpret_cast<T*>(memory[2])} {
     if (nullPlane >= 0) at[nullPlane] = nullptr;
   }
-  T** orNull(bool null) { return null ? nullptr : at; }
+  T** argument(bool null, const FaultyCall& c) {
+    return null ? nullptr : c.unreadablePlanes ? static_cast<T**>(unreadable()) : at;
+  }
 };
+
+int* pitches(int (&steps)[3], const FaultyCall& c) {
+  return c.unreadablePitches ? static_cast<int*>(unreadable()) : steps;
+}
 
 template <class T>
 T* orNull(void* memory, bool null) {
@@ -47,13 +61,13 @@ Matrix matrix(Memory& m, const FaultyCall& c) {
 // One overload for each of the nine argument lists.
 pxmStatus call(pxmStatus (*f)(const u8**, int*, u16*, int, Size), Memory& m, const FaultyCall& c) {
   Planes<const u8> src(m.src, c.nullSrcPlane);
-  return f(src.orNull(c.nullSrc), m.srcSteps, orNull<u16>(m.dst, c.nullDst), c.dstStep,
-           {c.width, c.height});
+  return f(src.argument(c.nullSrc, c), pitches(m.srcSteps, c), orNull<u16>(m.dst, c.nullDst),
+           c.dstStep, {c.width, c.height});
 }
 
 pxmStatus call(pxmStatus (*f)(const u8**, int, u16*, int, Size), Memory& m, const FaultyCall& c) {
   Planes<const u8> src(m.src, c.nullSrcPlane);
-  return f(src.orNull(c.nullSrc), c.srcStep, orNull<u16>(m.dst, c.nullDst), c.dstStep,
+  return f(src.argument(c.nullSrc, c), c.srcStep, orNull<u16>(m.dst, c.nullDst), c.dstStep,
            {c.width, c.height});
 }
 
@@ -65,8 +79,8 @@ pxmStatus call(pxmStatus (*f)(const Src*, int, Dst*, int, Size), Memory& m, cons
 
 pxmStatus call(pxmStatus (*f)(const u16*, int, u8**, int*, Size), Memory& m, const FaultyCall& c) {
   Planes<u8> dst(m.dst, c.nullDstPlane);
-  return f(orNull<u16>(m.src, c.nullSrc), c.srcStep, dst.orNull(c.nullDst), m.dstSteps,
-           {c.width, c.height});
+  return f(orNull<u16>(m.src, c.nullSrc), c.srcStep, dst.argument(c.nullDst, c),
+           pitches(m.dstSteps, c), {c.width, c.height});
 }
 
 pxmStatus call(pxmStatus (*f)(const s8*, int, s8*, int, Size, Matrix), Memory& m,
@@ -83,13 +97,13 @@ pxmStatus call(pxmStatus (*f)(const s8**, int, s8**, int, Size, Matrix), Memory&
                const FaultyCall& c) {
   Planes<const s8> src(m.src, c.nullSrcPlane);
   Planes<s8> dst(m.dst, c.nullDstPlane);
-  return f(src.orNull(c.nullSrc), c.srcStep, dst.orNull(c.nullDst), c.dstStep, {c.width, c.height},
-           matrix(m, c));
+  return f(src.argument(c.nullSrc, c), c.srcStep, dst.argument(c.nullDst, c), c.dstStep,
+           {c.width, c.height}, matrix(m, c));
 }
 
 pxmStatus call(pxmStatus (*f)(s8**, int, Size, Matrix), Memory& m, const FaultyCall& c) {
   Planes<s8> srcDst(m.dst, c.nullSrcDstPlane);
-  return f(srcDst.orNull(c.nullSrcDst), c.srcDstStep, {c.width, c.height}, matrix(m, c));
+  return f(srcDst.argument(c.nullSrcDst, c), c.srcDstStep, {c.width, c.height}, matrix(m, c));
 }
 
 template <auto function>
@@ -106,22 +120,20 @@ pxmStatus callOnMemory(const FaultyCall& c, bool* untouched) {
 }  // namespace
 
 extern "C" {
-#define EVERY_ROW
 #define CONVERSION(name, family) pxmStatus name##_checked PARAMETERS(family);
 #include "frame/conversions.def"
 }
 
-const std::vector<Conversion>& exportedConversions() {
-  static const std::vector<Conversion> all = {
+const std::vector<CheckedCall>& exportedConversions() {
+  static const std::vector<CheckedCall> all = {
 #define CONVERSION(name, family) {#name, callOnMemory<&legacy90pxmi##name>},
 #include "frame/conversions.def"
   };
   return all;
 }
 
-const std::vector<Conversion>& checkedConversions() {
-  static const std::vector<Conversion> all = {
-#define EVERY_ROW
+const std::vector<CheckedCall>& checkedConversions() {
+  static const std::vector<CheckedCall> all = {
 #define CONVERSION(name, family) {#name, callOnMemory<&name##_checked>},
 #include "frame/conversions.def"
   };

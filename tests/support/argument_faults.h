@@ -16,9 +16,11 @@ struct FaultyCall {
   int nullSrcPlane = -1, nullDstPlane = -1, nullSrcDstPlane = -1;  // 0 to 2, or none
   int width = 8, height = 8;
   int srcStep = 64, dstStep = 64, srcDstStep = 64;
+  // The arrays of planes and of pitches stand where nothing can be read.
+  bool unreadablePlanes = false, unreadablePitches = false;
 };
 
-struct Conversion {
+struct CheckedCall {
   std::string_view name;  // without the prefix of exports
   // Makes the call on memory of its own. `untouched` is set to whether every byte of that memory
   // and of the pointer and pitch arrays is as before.
@@ -26,9 +28,9 @@ struct Conversion {
 };
 
 // Every conversion that is exported, through its exported name.
-const std::vector<Conversion>& exportedConversions();
+const std::vector<CheckedCall>& exportedConversions();
 
 // All 98 conversions as entries that check their arguments and convert nothing.
-const std::vector<Conversion>& checkedConversions();
+const std::vector<CheckedCall>& checkedConversions();
 
 #endif

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The entry of every conversion without its kernel: arguments, checks and status, for all families,
-// those among them that have no kernel yet.
+// The entry of every conversion without its kernel: arguments, checks and status of all families.
 #define PXM_VARIANT checked
 #include "frame/families.inl"
 
@@ -16,7 +15,6 @@ pxmStatus check(const typename Family::Arguments& a) {
 }  // namespace
 
 extern "C" {
-#define EVERY_ROW
 #define CONVERSION(name, family)             \
   pxmStatus ENTRY(name) PARAMETERS(family) { \
     return check<family>(ARGUMENTS(family)); \

@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <new>
 #include <stdexcept>
 
@@ -28,12 +29,15 @@ GuardedBytes::~GuardedBytes() {
   munmap(bytes_ - pageSize(), size_ + 2 * pageSize());
 }
 
-std::uint8_t* placeImage(const GuardedBytes& memory, Against side, std::ptrdiff_t pitch,
-                         std::ptrdiff_t rowBytes, int height) {
-  const std::ptrdiff_t lastRow = (height - 1) * pitch;
-  const std::ptrdiff_t above = lastRow < 0 ? -lastRow : 0;               // bytes ahead of row 0
-  const std::ptrdiff_t behind = (lastRow > 0 ? lastRow : 0) + rowBytes;  // from row 0 to the end
-  if (above + behind > static_cast<std::ptrdiff_t>(memory.size()))
+std::uint8_t* placeImage(const GuardedBytes& memory, Against side, int distance,
+                         const std::vector<std::ptrdiff_t>& rowOffsets, std::ptrdiff_t rowBytes) {
+  std::ptrdiff_t first = 0, last = 0;
+  for (const std::ptrdiff_t offset : rowOffsets) {
+    first = std::min(first, offset);
+    last = std::max(last, offset);
+  }
+  if (last + rowBytes - first + distance > static_cast<std::ptrdiff_t>(memory.size()))
     throw std::length_error("an image that does not fit its memory");
-  return side == Against::FirstPage ? memory.begin() + above : memory.end() - behind;
+  return side == Against::FirstPage ? memory.begin() + distance - first
+                                    : memory.end() - distance - rowBytes - last;
 }

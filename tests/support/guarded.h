@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 // Readable and writable bytes with an inaccessible page directly on either side.
 class GuardedBytes {
@@ -27,9 +28,9 @@ class GuardedBytes {
 // last ahead of the other.
 enum class Against { FirstPage, LastPage };
 
-// The first pixel of an image of `height` rows of `rowBytes` at `pitch` (any sign) whose outermost
-// byte touches a guard page. The image must fit.
-std::uint8_t* placeImage(const GuardedBytes& memory, Against side, std::ptrdiff_t pitch,
-                         std::ptrdiff_t rowBytes, int height);
+// The byte that row offsets count from, for an image of `rowBytes` at each of them whose outermost
+// byte stands `distance` bytes from a guard page. The image must fit.
+std::uint8_t* placeImage(const GuardedBytes& memory, Against side, int distance,
+                         const std::vector<std::ptrdiff_t>& rowOffsets, std::ptrdiff_t rowBytes);
 
 #endif

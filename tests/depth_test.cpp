@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// 565 to 888 and back over all of their inputs.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/oracle/oracle.h"
+#include "tests/support/by_oracle.h"
+#include "tests/support/calls.h"
+#include "tests/support/variants.h"
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// A call whose images have tight rows.
+CallArguments tight(const Conversion& conversion, const Bytes& source, Bytes& out, pxmSize size) {
+  const bool expands = conversion.has("_16u8u_");
+  CallArguments a = {};
+  a.src[0] = source.data();
+  a.dst[0] = out.data();
+  a.srcStep[0] = (expands ? 2 : 3) * size.width;
+  a.dstStep[0] = (expands ? 3 : 2) * size.width;
+  a.size = size;
+  return a;
+}
+
+void expectLikeOracle(const Conversion& conversion, const Bytes& source, std::size_t outBytes,
+                      pxmSize size) {
+  for (const int variant : variantsToTest(conversion)) {
+    Bytes got(outBytes, 0x5A), expected(outBytes, 0x5A);
+    const SelectedVariant selected(variant);
+    EXPECT_EQ(conversion.call(tight(conversion, source, got, size)), pxmStatusOk);
+    convertByOracle(conversion, variant, tight(conversion, source, expected, size));
+    EXPECT_TRUE(got == expected) << conversion.name << " " << variantTags[variant];
+  }
+}
+
+TEST(Depth, ExpansionOfAllPixels) {
+  Bytes pixels(2 * 65536);
+  for (std::size_t i = 0; i < 65536; ++i) {
+    pixels[2 * i] = static_cast<std::uint8_t>(i);
+    pixels[2 * i + 1] = static_cast<std::uint8_t>(i >> 8);
+  }
+  for (const char* name : {"BGR565ToBGR_16u8u_C3R", "RGB565ToRGB_16u8u_C3R"})
+    expectLikeOracle(conversionNamed(name), pixels, 3 * 65536, {256, 256});
+}
+
+TEST(Depth, PackingOfAllTriplesOfBytes) {
+  Bytes triples(3u << 24);
+  for (std::size_t i = 0; i < 1u << 24; ++i)
+    for (unsigned k = 0; k < 3; ++k) triples[3 * i + k] = static_cast<std::uint8_t>(i >> 8 * k);
+  for (const char* name : {"BGRToBGR565_8u16u_C3R", "RGBToRGB565_8u16u_C3R"})
+    expectLikeOracle(conversionNamed(name), triples, 2u << 24, {4096, 4096});
+}
+
+Bytes converted(const char* name, const Bytes& source, std::size_t outBytes) {
+  const Conversion& conversion = conversionNamed(name);
+  Bytes out(outBytes, 0x5A);
+  EXPECT_EQ(conversion.call(tight(conversion, source, out, {1, 1})), pxmStatusOk);
+  return out;
+}
+
+TEST(Depth, LiteralPixels) {
+  for (const char* name : {"BGR565ToBGR_16u8u_C3R", "RGB565ToRGB_16u8u_C3R"}) {
+    EXPECT_EQ(converted(name, {0xFF, 0xFF}, 4), (Bytes{248, 252, 248, 0x5A}));
+    EXPECT_EQ(converted(name, {0x21, 0x08}, 4), (Bytes{8, 4, 8, 0x5A}));
+    EXPECT_EQ(converted(name, {0, 0}, 4), (Bytes{0, 0, 0, 0x5A}));
+  }
+  for (const char* name : {"BGRToBGR565_8u16u_C3R", "RGBToRGB565_8u16u_C3R"}) {
+    EXPECT_EQ(converted(name, {255, 255, 255}, 3), (Bytes{0xFF, 0xFF, 0x5A}));
+    EXPECT_EQ(converted(name, {7, 3, 7}, 3), (Bytes{0, 0, 0x5A}));
+    EXPECT_EQ(converted(name, {8, 4, 8}, 3), (Bytes{0x21, 0x08, 0x5A}));
+  }
+}
+
+// The low field goes with byte 0 under either name.
+TEST(Depth, NoNameExchangesBytes) {
+  EXPECT_EQ(converted("BGR565ToBGR_16u8u_C3R", {0x1F, 0}, 3), (Bytes{248, 0, 0}));
+  EXPECT_EQ(converted("RGB565ToRGB_16u8u_C3R", {0x1F, 0}, 3), (Bytes{248, 0, 0}));
+  EXPECT_EQ(converted("BGRToBGR565_8u16u_C3R", {255, 0, 0}, 2), (Bytes{0x1F, 0}));
+  EXPECT_EQ(converted("RGBToRGB565_8u16u_C3R", {255, 0, 0}, 2), (Bytes{0x1F, 0}));
+}
+
+TEST(Depth, ExpandingAndPackingGivesThePixelBack) {
+  for (unsigned word = 0; word < 65536; ++word) {
+    const Bytes pixel = {static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8)};
+    const Bytes bytes = converted("BGR565ToBGR_16u8u_C3R", pixel, 3);
+    ASSERT_EQ(converted("BGRToBGR565_8u16u_C3R", bytes, 2), pixel) << word;
+  }
+}
+
+}  // namespace

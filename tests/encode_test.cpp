@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// The encoders by literal samples, in plain code.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "include/pxmcc90lgc.h"
+#include "tests/support/small_images.h"
+#include "tests/support/variants.h"
+
+namespace {
+
+constexpr std::uint8_t U = untouchedByte;
+using Planes = std::vector<Bytes>;
+
+class Encode : public testing::Test {
+ private:
+  const SelectedVariant plain{0};
+};
+
+TEST_F(Encode, Bgr555BlocksTo420) {
+  const Words redsAndGreen = {0x7C00, 0x7C00, 0x7C00, 0x03E0};
+  EXPECT_EQ(encoded("BGR555ToYCbCr420_16u8u_C3P3R", redsAndGreen, 2, 2),
+            (Planes{{80, 80, 80, 141}, {82, U}, {186, U}}));
+  EXPECT_EQ(encoded("BGR555ToYCrCb420_16u8u_C3P3R", redsAndGreen, 2, 2),
+            (Planes{{80, 80, 80, 141}, {186, U}, {82, U}}));
+  EXPECT_EQ(encoded("BGR555ToYCbCr420_16u8u_C3P3R", {0x7C00, 0x03E0, 0x001F, 0x7FFF}, 2, 2),
+            (Planes{{80, 141, 40, 229}, {128, U}, {128, U}}));
+}
+
+TEST_F(Encode, Bgr565BlocksTo420) {
+  EXPECT_EQ(encoded("BGR565ToYCbCr420_16u8u_C3P3R", {0xF800, 0x07E0, 0x001F, 0xFFFF}, 2, 2),
+            (Planes{{80, 143, 40, 231}, {127, U}, {127, U}}));
+  EXPECT_EQ(encoded("BGR565ToYCrCb420_16u8u_C3P3R", {0xF800, 0xF800, 0xF800, 0x07E0}, 2, 2),
+            (Planes{{80, 80, 80, 143}, {186, U}, {82, U}}));
+}
+
+TEST_F(Encode, WhitesAndBlacks) {
+  EXPECT_EQ(encoded("BGR555ToYCbCr420_16u8u_C3P3R", Words(4, 0), 2, 2),
+            (Planes{Bytes(4, 16), {128, U}, {128, U}}));
+  EXPECT_EQ(encoded("BGR555ToYCbCr420_16u8u_C3P3R", Words(4, 0x7FFF), 2, 2),
+            (Planes{Bytes(4, 229), {128, U}, {128, U}}));
+  // The 252 of green against 248 of red and blue.
+  EXPECT_EQ(encoded("BGR565ToYCbCr420_16u8u_C3P3R", Words(4, 0xFFFF), 2, 2),
+            (Planes{Bytes(4, 231), {126, U}, {126, U}}));
+}
+
+TEST_F(Encode, OddSizesTo420GiveLumaAndNoChroma) {
+  EXPECT_EQ(encoded("BGR555ToYCbCr420_16u8u_C3P3R",
+                    {0x7C00, 0x7C00, 0x001F, 0x7C00, 0x03E0, 0x001F, 0x7FFF, 0, 0x03E0}, 3, 3),
+            (Planes{{80, 80, 40, 80, 141, 40, 229, 16, 141}, {82, U, U}, {186, U, U}}));
+}
+
+TEST_F(Encode, BelowTwoByTwoIsRefusedFrom420) {
+  EXPECT_EQ(encoded("BGR565ToYCbCr420_16u8u_C3P3R", Words(4, 0), 1, 4, -6)[0], Bytes(4, U));
+  EXPECT_EQ(encoded("BGR565ToYCbCr420_16u8u_C3P3R", Words(4, 0), 4, 1, -6)[0], Bytes(4, U));
+}
+
+// A pitch of 21 reads rows at bytes 0, 20, 42, 62.
+TEST_F(Encode, OddPitchLosesItsLowBitForTheLowerRowOnly) {
+  std::uint8_t source[66] = {};
+  for (const int row : {0, 20, 42, 62}) {
+    const std::uint16_t words[2] = {0x7C00, 0x7C00};
+    std::memcpy(source + row, words, sizeof words);
+  }
+  std::uint8_t y[8], cb[2], cr[2];
+  unsigned char* dst[3] = {y, cb, cr};
+  int dstStep[3] = {2, 1, 1};
+  EXPECT_EQ(legacy90pxmiBGR555ToYCbCr420_16u8u_C3P3R(
+                reinterpret_cast<const unsigned short*>(source), 21, dst, dstStep, {2, 4}),
+            0);
+  for (const std::uint8_t luma : y) EXPECT_EQ(luma, 80);
+}
+
+// From RGB565 the lower row is one exact pitch down: 0, 21, 42, 63. Full red 0x001F is luma 74.
+TEST_F(Encode, OddPitchStaysOddFromRgb565) {
+  std::uint8_t source[67] = {};
+  for (const int row : {0, 21, 42, 63}) {
+    const std::uint16_t words[2] = {0x001F, 0x001F};
+    std::memcpy(source + row, words, sizeof words);
+  }
+  std::uint8_t y[8], u[2], v[2];
+  unsigned char* dst[3] = {y, u, v};
+  int dstStep[3] = {2, 1, 1};
+  EXPECT_EQ(legacy90pxmiRGB565ToYUV420_16u8u_C3P3R(reinterpret_cast<const unsigned short*>(source),
+                                                   21, dst, dstStep, {2, 4}),
+            0);
+  for (const std::uint8_t luma : y) EXPECT_EQ(luma, 74);
+}
+
+TEST_F(Encode, OddRowInterleavedEndsOnACbOfItsOwn) {
+  EXPECT_EQ(encoded("BGR555ToYCbCr422_16u8u_C3C2R", {0x7C00, 0x001F, 0x03E0}, 3, 1),
+            (Planes{{80, 164, 40, 173, 141, 55}}));
+  EXPECT_EQ(encoded("BGR565ToYCbCr422_16u8u_C3C2R", {0xF800, 0x001F, 0x07E0}, 3, 1),
+            (Planes{{80, 164, 40, 173, 143, 54}}));
+}
+
+TEST_F(Encode, OddRowPlanarHasLumaAlone) {
+  EXPECT_EQ(encoded("BGR555ToYCbCr422_16u8u_C3P3R", {0x7C00, 0x001F, 0x03E0}, 3, 1),
+            (Planes{{80, 40, 141}, {164}, {173}}));
+}
+
+TEST_F(Encode, LeftoversOf411AreNotTouched) {
+  EXPECT_EQ(
+      encoded("BGR555ToYCbCr411_16u8u_C3P3R", {0x7C00, 0x7C00, 0x7C00, 0x03E0, 0x1234}, 5, 1, 35),
+      (Planes{{80, 80, 80, 141, U}, {82}, {186}}));
+  EXPECT_EQ(encoded("BGR565ToYCbCr411_16u8u_C3P3R", {0xF800, 0x07E0, 0x001F, 0xFFFF}, 4, 1)[0],
+            (Bytes{80, 143, 40, 231}));
+  EXPECT_EQ(encoded("BGR555ToYCbCr411_16u8u_C3P3R", Words(3, 0), 3, 1, -6)[0], Bytes(3, U));
+}
+
+TEST_F(Encode, BgrToYuv420) {
+  EXPECT_EQ(encoded("BGR555ToYUV420_16u8u_C3P3R", {0x7C00, 0x03E0, 0x001F, 0x7FFF}, 2, 2),
+            (Planes{{74, 146, 28, 248}, {128, U}, {128, U}}));
+  EXPECT_EQ(encoded("BGR565ToYUV420_16u8u_C3P3R", {0xF800, 0x07E0, 0x001F, 0xFFFF}, 2, 2),
+            (Planes{{74, 148, 28, 250}, {127, U}, {127, U}}));
+  EXPECT_EQ(encoded("BGR565ToYUV420_16u8u_C3P3R", {0xF800, 0xF800, 0xF800, 0x07E0}, 2, 2),
+            (Planes{{74, 74, 74, 148}, {82, U}, {210, U}}));
+}
+
+TEST_F(Encode, VIsClampedAtBothEnds) {
+  EXPECT_EQ(encoded("BGR565ToYUV420_16u8u_C3P3R", Words(4, 0xF800), 2, 2),
+            (Planes{Bytes(4, 74), {91, U}, {255, U}}));
+  const Planes cyan = encoded("BGR565ToYUV420_16u8u_C3P3R", Words(4, 0x07FF), 2, 2);
+  EXPECT_EQ(cyan[1][0], 163);
+  EXPECT_EQ(cyan[2][0], 0);
+}
+
+TEST_F(Encode, Rgb565ToYuvIsNotRounded) {
+  EXPECT_EQ(encoded("RGB565ToYUV420_16u8u_C3P3R", {0xF800, 0x07E0, 0x001F, 0xFFFF}, 2, 2),
+            (Planes{{28, 147, 74, 250}, {127, U}, {127, U}}));
+  EXPECT_EQ(encoded("RGB565ToYUV420_16u8u_C3P3R", {0xF800, 0xF800, 0xF800, 0x07E0}, 2, 2),
+            (Planes{{28, 28, 28, 147}, {191, U}, {77, U}}));
+  EXPECT_EQ(encoded("RGB565ToYUV422_16u8u_C3P3R", {0xF800, 0xF800}, 2, 1),
+            (Planes{{28, 28}, {236}, {103}}));
+}
+
+TEST_F(Encode, OddSizesToYuvWarnAndLeaveTheRest) {
+  const Planes odd = encoded("BGR565ToYUV420_16u8u_C3P3R", Words(9, 0xF800), 3, 3, 35);
+  EXPECT_EQ(odd, (Planes{{74, 74, U, 74, 74, U, U, U, U}, {91, U, U}, {255, U, U}}));
+  EXPECT_EQ(encoded("RGB565ToYUV420_16u8u_C3P3R", Words(2, 0), 2, 1, 35),
+            (Planes{{U, U}, {U}, {U}}));
+  EXPECT_EQ(encoded("BGR565ToYUV420_16u8u_C3P3R", Words(2, 0), 2, 1, -6),
+            (Planes{{U, U}, {U}, {U}}));
+  EXPECT_EQ(encoded("RGB565ToYUV422_16u8u_C3P3R", Words(2, 0), 2, 1, 0),
+            (Planes{{0, 0}, {128}, {128}}));
+  EXPECT_EQ(encoded("RGB565ToYUV422_16u8u_C3P3R", Words(1, 0), 1, 1, 35), (Planes{{U}, {U}, {U}}));
+}
+
+}  // namespace

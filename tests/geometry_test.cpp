@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// Every conversion at many sizes, pitches and places against the oracle: the bytes written, and
+// those that must not be. Guard pages stand on both sides of every source and destination, directly
+// beside the bytes that may be touched.
+#include "tests/support/geometry.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/memory.h"
+#include "tests/support/variants.h"
+
+namespace {
+
+class Geometry : public testing::TestWithParam<Conversion> {};
+
+// A few layouts of each size; over the sizes every layout has its turn.
+TEST_P(Geometry, WidthsTo40ByHeightsTo6) {
+  constexpr int mostWidth = 40, mostHeight = 6, stride = 11;
+  SCOPED_TRACE(seedMessage());
+  const Conversion& conversion = GetParam();
+  const pxmSize least = leastSize(conversion);
+  Random random{std::string(conversion.name)};
+  CallMemory memory(mostWidth, mostHeight, mostPadding);
+  std::size_t turn = 0;
+  for (const int variant : variantsToTest(conversion))
+    for (int width = least.width; width <= mostWidth; ++width)
+      for (int height = least.height; height <= mostHeight; ++height) {
+        const std::vector<Layout> layouts = layoutsOf(conversion, width, height);
+        for (; turn < layouts.size(); turn += stride)
+          ASSERT_TRUE(memory.matchesOracle(conversion, variant, layouts[turn], random));
+        turn -= layouts.size();
+      }
+}
+
+INSTANTIATE_TEST_SUITE_P(, Geometry, testing::ValuesIn(conversions()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// Rows that overlap, and pitches of zero: the destination is what rows from top to bottom leave.
+class Overlap : public testing::TestWithParam<Conversion> {};
+
+TEST_P(Overlap, RowsAreWrittenInOrder) {
+  constexpr int mostWidth = 19, mostHeight = 5;
+  SCOPED_TRACE(seedMessage());
+  const Conversion& conversion = GetParam();
+  const pxmSize least = leastSize(conversion);
+  Random random{std::string(conversion.name)};
+  CallMemory memory(mostWidth, mostHeight, mostPadding);
+  for (const int variant : variantsToTest(conversion))
+    for (int width = least.width; width <= mostWidth; ++width)
+      for (int height = least.height; height <= mostHeight; ++height)
+        for (const int padding : {-2 * width, -width, -width / 2, -2, -1})
+          for (const bool upwards : {false, true}) {
+            Layout layout = {width, height, 5, padding, false, upwards, Against::LastPage, 0};
+            ASSERT_TRUE(memory.matchesOracle(conversion, variant, layout, random));
+          }
+}
+
+std::vector<Conversion> conversionsWithoutTwist() {
+  std::vector<Conversion> some;
+  for (const Conversion& conversion : conversions())
+    if (conversion.kind != Kind::Twist) some.push_back(conversion);
+  return some;
+}
+
+INSTANTIATE_TEST_SUITE_P(, Overlap, testing::ValuesIn(conversionsWithoutTwist()),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace

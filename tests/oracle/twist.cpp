@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+
+#include "twist.h"
+
+#include <cmath>
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+#include "checks.h"
+#include "families.h"
+#include "rows.h"
+
+namespace oracle {
+namespace {
+
+// Operands and results pass through volatile floats. So each operation is made when the program
+// runs, in the rounding mode of the moment, and its result is rounded to float before the next one
+// takes it: no compiler folds, contracts or reorders them.
+float product(float a, float b) {
+  volatile float first = a, second = b;
+  volatile float result = first * second;
+  return result;
+}
+
+float sum(float a, float b) {
+  volatile float first = a, second = b;
+  volatile float result = first + second;
+  return result;
+}
+
+// A value as a signed byte, rounded half to even. The truncation towards zero is exact in every
+// rounding mode, and what is truncated lies within a byte and a half.
+int toSignedByte(float p) {
+  if (std::isnan(p)) return 0;
+  if (p >= 127.0F) return 127;
+  if (p <= -128.0F) return -128;
+  const bool negative = p < 0.0F;
+  const float q = sum(p, negative ? -0.5F : 0.5F);
+  int i = static_cast<int>(q);
+  const bool half = static_cast<float>(i) == q;
+  if (half && i % 2 != 0) i += negative ? 1 : -1;
+  return static_cast<std::int8_t>(i & 255);
+}
+
+// How the samples of a pixel lie: the distance of columns in bytes, and whether the channels are
+// planes.
+struct TwistLayout {
+  int pixelBytes;
+  bool planar;
+};
+
+// The fourth byte of a pixel of AC4 is neither read nor written.
+TwistLayout layoutOf(std::string_view name) {
+  const Family family = familyOf(name);
+  if (family == Family::TwistPlanar || family == Family::TwistPlanarInPlace) return {1, true};
+  if (family == Family::TwistPacked || family == Family::TwistPackedInPlace) {
+    return {name.find("AC4") != std::string_view::npos ? 4 : 3, false};
+  }
+  throw std::invalid_argument("not a colour twist: " + std::string(name));
+}
+
+// The address of a channel of a row's first pixel.
+template <typename Byte>
+Byte* channelAt(const TwistLayout& layout, Byte* const planes[3], int step, int row, int channel) {
+  return layout.planar ? rowAt(planes[channel], step, row) : rowAt(planes[0], step, row) + channel;
+}
+
+void twistRow(const TwistLayout& layout, const TwistCall& call, int row) {
+  const std::int8_t* source[3];
+  std::int8_t* target[3];
+  for (int k = 0; k < 3; ++k) {
+    source[k] = channelAt(layout, call.src, call.srcStep, row, k);
+    target[k] = channelAt(layout, call.dst, call.dstStep, row, k);
+  }
+  for (int column = 0; column < call.width; ++column) {
+    const std::ptrdiff_t at = std::ptrdiff_t{column} * layout.pixelBytes;
+    // All three samples are read before a channel is written, which lets the images be one.
+    const int s0 = source[0][at], s1 = source[1][at], s2 = source[2][at];
+    for (int k = 0; k < 3; ++k) {
+      target[k][at] = static_cast<std::int8_t>(twistChannel(call.twist[k], s0, s1, s2));
+    }
+  }
+}
+
+}  // namespace
+
+// The constant comes second.
+int twistChannel(const float row[4], int s0, int s1, int s2) {
+  float p = product(row[0], static_cast<float>(s0));
+  p = sum(p, row[3]);
+  p = sum(p, product(row[1], static_cast<float>(s1)));
+  p = sum(p, product(row[2], static_cast<float>(s2)));
+  return toSignedByte(p);
+}
+
+int twist(std::string_view name, [[maybe_unused]] Variant variant, const TwistCall& call) {
+  const TwistLayout layout = layoutOf(name);
+  for (int row = 0; row < call.height; ++row) twistRow(layout, call, row);
+  return statusAfter(name, call.width, call.height);
+}
+
+}  // namespace oracle

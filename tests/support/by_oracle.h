@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#ifndef TESTS_SUPPORT_BY_ORACLE_H_
+#define TESTS_SUPPORT_BY_ORACLE_H_
+
+#include "tests/support/calls.h"
+
+// Carries a call out by the oracle and answers with its status.
+int convertByOracle(const Conversion& conversion, int variant, const CallArguments& arguments);
+
+// A matrix that saturates some results and not others.
+extern const float ordinaryTwist[3][4];
+
+#endif

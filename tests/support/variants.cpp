@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/variants.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "frame/dispatch.h"
+
+extern "C" {
+#define CONVERSION(name, family) extern const void* const name##_table[variantCount];
+#include "frame/conversions.def"
+}
+
+const char* const variantTags[variantCount] = {
+#define VARIANT(tag) #tag,
+#include "frame/variants.def"
+};
+
+namespace {
+
+bool machineRuns(int variant) {
+  switch (variant) {
+    case pxm::variant_m7:
+      return __builtin_cpu_supports("sse3");
+    case pxm::variant_u8:
+    case pxm::variant_n8:
+      return __builtin_cpu_supports("ssse3");
+    case pxm::variant_y8:
+      return __builtin_cpu_supports("sse4.1");
+    case pxm::variant_e9:
+      return __builtin_cpu_supports("avx");
+    case pxm::variant_l9:
+      return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("bmi2");
+    default:
+      return true;
+  }
+}
+
+void reportSkipped(int variant) {
+  static bool reported[variantCount];
+  if (!reported[variant])
+    std::fprintf(stderr, "skipped: this machine cannot run variant %s\n", variantTags[variant]);
+  reported[variant] = true;
+}
+
+}  // namespace
+
+SlotTable slotsOf(const Conversion& conversion) {
+  static const SlotTable tables[] = {
+#define CONVERSION(name, family) name##_table,
+#include "frame/conversions.def"
+  };
+  return tables[std::ranges::find(conversions(), conversion.name, &Conversion::name) -
+                conversions().begin()];
+}
+
+SelectedVariant::SelectedVariant(int variant) : before_(VariantIndex) {
+  VariantIndex = variant;
+}
+SelectedVariant::~SelectedVariant() {
+  VariantIndex = before_;
+}
+
+std::vector<int> runnableVariants() {
+  std::vector<int> variants;
+  for (int v = 0; v < variantCount; ++v) {
+    if (machineRuns(v))
+      variants.push_back(v);
+    else
+      reportSkipped(v);
+  }
+  return variants;
+}
+
+std::vector<int> variantsToTest(const Conversion& conversion) {
+  const SlotTable slots = slotsOf(conversion);
+  std::vector<int> variants;
+  for (const int v : runnableVariants())
+    if (std::find(slots, slots + v, slots[v]) == slots + v) variants.push_back(v);
+  return variants;
+}

@@ -1,0 +1,3 @@
+// SPDX-License-Identifier: MIT
+// The colour twist in plain code.
+#include "twist/entries.inl"
