@@ -5,7 +5,7 @@ get_property(pxm_object_libraries GLOBAL PROPERTY PXM_OBJECT_LIBRARIES)
 list(TRANSFORM pxm_object_libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE pxm_objects)
 
 add_library(pxm_core INTERFACE)
-target_link_libraries(pxm_core INTERFACE ${pxm_objects})
+target_sources(pxm_core INTERFACE ${pxm_objects})
 target_include_directories(pxm_core INTERFACE ${PROJECT_SOURCE_DIR})
 
 add_library(pxmcc90lgc SHARED ${pxm_objects})

@@ -31,9 +31,14 @@ function(pxm_add_objects name)
   set_property(GLOBAL APPEND PROPERTY PXM_OBJECT_LIBRARIES ${name})
 endfunction()
 
-# The units of one variant, compiled with its tag at its level.
-function(pxm_add_variant tag level)
+# The units of one variant, compiled with its tag at its level. `text` is what makes it differ from
+# its neighbours; plain code has none. A unit is compiled at the level that its kernels use, not at
+# that of the processor: compilers put what they are given everywhere.
+function(pxm_add_variant tag text level)
   pxm_add_objects(variant_${tag} ${ARGN})
   target_compile_definitions(variant_${tag} PRIVATE PXM_VARIANT=${tag})
+  if(text)
+    target_compile_definitions(variant_${tag} PRIVATE PXM_VARIANT_TEXT="${text}")
+  endif()
   target_compile_options(variant_${tag} PRIVATE ${PXM_KERNEL_FLAGS} ${level})
 endfunction()

@@ -40,6 +40,7 @@ PXM_INLINE int ditherLevelOf(int v, int threshold) {
 
 template <int depth>
 struct PackDither : Fields<depth> {
+  static constexpr bool dithers = true;
   using Fields<depth>::Fields;
 
   // The three components share the threshold of their pixel.

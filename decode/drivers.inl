@@ -14,6 +14,10 @@ template <class Image, class Row>
 struct DecodeRows {
   using Arguments = typename Image::Arguments;
   PXM_KERNEL static void run(const Arguments& a, int dstPitch, int isBgr) {
+    convert(a, dstPitch, isBgr);
+  }
+
+  PXM_INLINE static void convert(const Arguments& a, int dstPitch, int isBgr) {
     const Image source(a);
     const PixelImage destination(a.dst, dstPitch);
     const typename Row::Packer packer(isBgr);
@@ -48,11 +52,32 @@ struct DecodeRowsOrThreeBytes {
   }
 };
 
+// The same, but for an image one pixel wide. Required: variants with blocks leave it as it is.
+template <class Image, class Row>
+struct DecodeRowsOfTwoAndMore {
+  using Arguments = typename Image::Arguments;
+  PXM_INLINE static void run(const Arguments& a, int dstPitch, int isBgr) {
+    if (hasBlocks && a.width == 1) return;
+    DecodeRows<Image, Row>::run(a, dstPitch, isBgr);
+  }
+};
+
+// Required: under dither the variants with blocks go on for two columns behind an odd corner. They
+// are ordinary pixels, made from what follows in memory.
+template <class Packer>
+PXM_INLINE int columnsBehindTheLastRow(int width) {
+  return hasBlocks && Packer::dithers && (width & 1) ? 2 : 0;
+}
+
 // Pairs of rows to a row of chroma; the last row of an odd height is scalar from end to end.
 template <class PairRow, class LastRow>
 struct DecodePairs {
   using Arguments = PlanesToPixels;
   PXM_KERNEL static void run(const Arguments& a, int dstPitch, int isBgr) {
+    convert(a, dstPitch, isBgr);
+  }
+
+  PXM_INLINE static void convert(const Arguments& a, int dstPitch, int isBgr) {
     const PlanarImage420 source(a);
     const PixelImage destination(a.dst, dstPitch);
     const typename PairRow::Packer packer(isBgr);
@@ -62,7 +87,8 @@ struct DecodePairs {
       walk(PairRow{source.pair(y), {upper, destination.below(upper)}, packer}, a.width);
     }
     if (paired < a.height)
-      LastRow{source.lastRow(paired), {destination.wrappedRow(paired)}, packer}.tail(0, a.width);
+      LastRow{source.lastRow(paired), {destination.wrappedRow(paired)}, packer}.tail(
+          0, ptrdiff_t{a.width} + columnsBehindTheLastRow<typename PairRow::Packer>(a.width));
   }
 };
 

@@ -8,12 +8,10 @@
 
 PXM_TEXT_BEGIN
 
-enum class Order { Rgb = 0, Bgr = 1 };
-
 template <class Family, class Kernel, Order order>
 PXM_INLINE pxmStatus decode(const typename Family::Arguments& a) {
   if (const pxmStatus refusal = Family::Refusals::first(a); refusal != pxmStatusOk) return refusal;
-  Kernel::run(a, Family::kernelPitch(a.dstStep), static_cast<int>(order));
+  KernelOf<Kernel, order>::run(a, Family::kernelPitch(a.dstStep));
   return Family::statusAfter(a.width, a.height);
 }
 

@@ -35,13 +35,17 @@ using YCbCrC3To565Dither = YCbCrC3<Walked<PackedRow444, DecodeStaged, PackDither
 
 // 4:2:2 planar.
 template <class Packer>
-using YCbCr422P3 = DecodeRows<PlanarImage422, Walked<PlanarRows<1, 1>, DecodeStaged, Packer>>;
+using YCbCr422P3 =
+    DecodeRowsOfTwoAndMore<PlanarImage422, Walked<PlanarRows<1, 1>, DecodeStaged, Packer>>;
 using YCbCr422P3To444 = YCbCr422P3<PackPlain<444>>;
 using YCbCr422P3To555 = YCbCr422P3<PackPlain<555>>;
 using YCbCr422P3To565 = YCbCr422P3<PackPlain<565>>;
-using YCbCr422P3To444Dither = YCbCr422P3<PackDither<444>>;
-using YCbCr422P3To555Dither = YCbCr422P3<PackDither<555>>;
-using YCbCr422P3To565Dither = YCbCr422P3<PackDither<565>>;
+
+template <class Packer>
+using YCbCr422P3Dither = DecodeRows<PlanarImage422, Walked<PlanarRows<1, 1>, DecodeStaged, Packer>>;
+using YCbCr422P3To444Dither = YCbCr422P3Dither<PackDither<444>>;
+using YCbCr422P3To555Dither = YCbCr422P3Dither<PackDither<555>>;
+using YCbCr422P3To565Dither = YCbCr422P3Dither<PackDither<565>>;
 
 // 4:2:2 interleaved. Required: the folded form without dither, the odd last pixel's Cr from the
 // pair before it, and a path of its own at width 1.
@@ -98,6 +102,18 @@ using Yuv420To565Dither = Yuv420Dither<PackDither<565>>;
 // 4:1:1.
 using YCbCr411To555 = DecodeRows411<Walked<PlanarRow411, DecodeRounded, PackPlain<555>>>;
 using YCbCr411To565 = DecodeRows411<Walked<PlanarRow411, DecodeRounded, PackPlain<565>>>;
+
+enum class Order { Rgb = 0, Bgr = 1 };
+
+// The kernel that serves one colour order of a conversion: that of both, unless a variant has one
+// of its own.
+template <class Kernel, Order order>
+struct KernelOf {
+  template <class Arguments>
+  PXM_INLINE static void run(const Arguments& a, int dstPitch) {
+    Kernel::run(a, dstPitch, static_cast<int>(order));
+  }
+};
 
 PXM_TEXT_END
 

@@ -44,9 +44,11 @@ struct Fields : Layout<depth> {
 };
 
 // Drops the low bits, without rounding.
-template <int depth>
-struct PackPlain : Fields<depth> {
-  using Fields<depth>::Fields;
+template <int pixelDepth>
+struct PackPlain : Fields<pixelDepth> {
+  static constexpr int depth = pixelDepth;
+  static constexpr bool dithers = false;
+  using Fields<pixelDepth>::Fields;
 
   // Rows and columns are all alike.
   PXM_INLINE uint16_t pack(const Channels& c, int, ptrdiff_t) const {

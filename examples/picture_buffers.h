@@ -1,87 +1,74 @@
 // SPDX-License-Identifier: MIT
-// Memory for one picture on its way through a conversion.
+// Memory for one picture on its way from planes to 16-bit pixels.
 #ifndef PXM_EXAMPLES_PICTURE_BUFFERS_H
 #define PXM_EXAMPLES_PICTURE_BUFFERS_H
 
-#include <unistd.h>
-
-#include <climits>
-#include <cstdint>
 #include <cstring>
 #include <memory>
-#include <string>
 
-#include "failure.h"
+#include "picture_size.h"
 #include "y4m_header.h"
 
 namespace examples {
 
 /// Three planes of 8-bit samples and one image of 16-bit pixels.
+/// The picture is padded to the size that the conversion takes. Chroma planes have what they need
+/// for that: a clip rounds them up to whole samples, and padding ends with the last of them.
 /// Two pixels of room follow EACH destination row, and two readable bytes follow the last row of
 /// every source plane, which is enough for two luma samples and one chroma sample: some processor
 /// variants of the subsampled formats use it at odd sizes.
 class PictureBuffers {
  public:
-  /// Throws a Failure if the size is more than the pitches or the memory of the machine can hold.
-  explicit PictureBuffers(const Y4mHeader& header)
-      : width_(header.width),
-        height_(header.height),
-        chromaWidth_(header.chroma->chromaWidth(header.width)),
-        chromaHeight_(header.chroma->chromaHeight(header.height)) {
-    checkSize();
-    for (int i = 0; i < 3; ++i) {
-      planes_[i] = std::make_unique_for_overwrite<unsigned char[]>(planeBytes(i) + kSourceRoom);
-      std::memset(planes_[i].get() + planeBytes(i), 0, kSourceRoom);
+  /// Throws a Failure if the size is more than the conversion or the machine can hold.
+  PictureBuffers(const Y4mHeader& header, const SizeRule& rule)
+      : shown_{header.width, header.height},
+        converted_(rule.padded(shown_)),
+        chroma_{header.chroma->chromaWidth(header.width),
+                header.chroma->chromaHeight(header.height)} {
+    if (rule.rowsWithin32Bits) {
+      requireRowsWithin32Bits(converted_);
     }
-    pixels_ = std::make_unique_for_overwrite<unsigned short[]>(pixelCount());
+    requireMemory(converted_, kBytesPerPixel);
+    for (int i = 0; i < 3; ++i) {
+      const size_t count = area(planeStep(i), (i == 0 ? converted_ : chroma_).height);
+      planes_[i] = std::make_unique_for_overwrite<unsigned char[]>(count + kSourceRoom);
+      std::memset(planes_[i].get() + count, 0, kSourceRoom);
+    }
+    pixels_ =
+        std::make_unique_for_overwrite<unsigned short[]>(area(pixelPitch(), converted_.height));
   }
 
-  int width() const { return width_; }
-  int height() const { return height_; }
+  /// The picture as the clip has it.
+  Size shown() const { return shown_; }
+  /// The picture as it is converted.
+  Size converted() const { return converted_; }
+  /// Samples of a plane as the clip has it.
+  Size samples(int i) const { return i == 0 ? shown_ : chroma_; }
 
   unsigned char* plane(int i) { return planes_[i].get(); }
-  size_t planeBytes(int i) const {
-    return i == 0 ? product(width_, height_) : product(chromaWidth_, chromaHeight_);
-  }
+  unsigned char* planeRow(int i, int y) { return planes_[i].get() + area(planeStep(i), y); }
   /// Bytes from row to row of a plane.
-  int planeStep(int i) const { return i == 0 ? width_ : chromaWidth_; }
+  int planeStep(int i) const { return (i == 0 ? converted_ : chroma_).width; }
+
+  /// Pads the luma plane after its samples have been stored.
+  void padPlanes() {
+    repeatEdges(planes_[0].get(), static_cast<size_t>(planeStep(0)), shown_, converted_);
+  }
 
   unsigned short* pixels() { return pixels_.get(); }
   /// Bytes from row to row of the destination.
-  int pixelStep() const { return (width_ + kPixelRoom) * 2; }
-  const unsigned short* row(int y) const { return pixels_.get() + product(width_ + kPixelRoom, y); }
+  int pixelStep() const { return pixelPitch() * 2; }
+  const unsigned short* row(int y) const { return pixels_.get() + area(pixelPitch(), y); }
 
  private:
-  static constexpr int kPixelRoom = 2;
   static constexpr size_t kSourceRoom = 2;
-  static constexpr int kMaxWidth = INT_MAX / 2 - kPixelRoom;  // keeps the pitch in an int
-  static constexpr size_t kMaxPixels = size_t{1} << 56;       // keeps the sums in a size_t
+  static constexpr int kBytesPerPixel = 5;  // three planes and a 16-bit pixel
 
-  static size_t product(int a, int b) { return static_cast<size_t>(a) * static_cast<size_t>(b); }
-  size_t pixelCount() const { return product(width_ + kPixelRoom, height_); }
+  int pixelPitch() const { return converted_.width + kRowRoom; }
 
-  size_t totalBytes() const {
-    return pixelCount() * 2 + planeBytes(0) + 2 * planeBytes(1) + 3 * kSourceRoom;
-  }
-
-  static size_t machineMemory() {
-    const long pages = sysconf(_SC_PHYS_PAGES);
-    const long pageSize = sysconf(_SC_PAGESIZE);
-    return pages > 0 && pageSize > 0 ? static_cast<size_t>(pages) * static_cast<size_t>(pageSize)
-                                     : SIZE_MAX;
-  }
-
-  void checkSize() const {
-    if (width_ > kMaxWidth || pixelCount() > kMaxPixels || totalBytes() > machineMemory()) {
-      throw Failure("pictures of " + std::to_string(width_) + "x" + std::to_string(height_) +
-                    " pixels do not fit into the memory of this machine");
-    }
-  }
-
-  int width_;
-  int height_;
-  int chromaWidth_;
-  int chromaHeight_;
+  Size shown_;
+  Size converted_;
+  Size chroma_;
   std::unique_ptr<unsigned char[]> planes_[3];
   std::unique_ptr<unsigned short[]> pixels_;
 };

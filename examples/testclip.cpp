@@ -102,7 +102,7 @@ void run(int argc, char** argv) {
   }
   examples::OutputFile file(options.output);
   examples::YcbcrPlanes planes;
-  examples::writeY4mHeader(file, options.width, options.height);
+  examples::writeY4mHeader(file, {options.width, options.height}, "C444");
   for (int frame = 0; frame < options.frames; ++frame) {
     examples::drawTestPicture(options.width, options.height, frame, planes);
     examples::writeY4mFrameLine(file);

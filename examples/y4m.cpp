@@ -117,23 +117,31 @@ bool Y4mReader::hasFrame() {
 
 void Y4mReader::readFrame(PictureBuffers& buffers) {
   for (int i = 0; i < 3; ++i) {
-    errno = 0;
-    const size_t count = buffers.planeBytes(i);
-    if (std::fread(buffers.plane(i), 1, count, file_) == count) {
-      continue;
+    const Size samples = buffers.samples(i);
+    for (int y = 0; y < samples.height; ++y) {
+      readSamples(buffers.planeRow(i, y), static_cast<size_t>(samples.width));
     }
-    if (std::ferror(file_) != 0) {
-      throw Failure(systemFailure("read", path_, errno));
-    }
-    fail("the clip ends inside " + frameName());
   }
+  buffers.padPlanes();
   frameBegun_ = false;
   ++framesRead_;
 }
 
-void writeY4mHeader(OutputFile& file, int width, int height) {
-  const std::string line = std::string(kY4mMagic) + " W" + std::to_string(width) + " H" +
-                           std::to_string(height) + " F25:1 Ip A1:1 C444\n";
+void Y4mReader::readSamples(unsigned char* samples, size_t count) {
+  errno = 0;
+  if (std::fread(samples, 1, count, file_) == count) {
+    return;
+  }
+  if (std::ferror(file_) != 0) {
+    throw Failure(systemFailure("read", path_, errno));
+  }
+  fail("the clip ends inside " + frameName());
+}
+
+void writeY4mHeader(OutputFile& file, Size size, std::string_view format) {
+  const std::string line = std::string(kY4mMagic) + " W" + std::to_string(size.width) + " H" +
+                           std::to_string(size.height) + " F25:1 Ip A1:1 " + std::string(format) +
+                           "\n";
   file.write(line.data(), line.size());
 }
 

@@ -5,9 +5,11 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "output_file.h"
 #include "picture_buffers.h"
+#include "picture_size.h"
 #include "y4m_header.h"
 
 namespace examples {
@@ -27,13 +29,14 @@ class Y4mReader {
   /// @return false if the clip ends where a frame could begin.
   bool hasFrame();
 
-  /// Reads the samples of the frame that hasFrame() has announced.
+  /// Reads the samples of the frame that hasFrame() has announced and pads them.
   void readFrame(PictureBuffers& buffers);
 
  private:
   enum class LineEnd { kComplete, kEndOfFile, kTooLong };
 
   LineEnd readLine(std::string& line);
+  void readSamples(unsigned char* samples, size_t count);
   void readHeader();
   std::string frameName() const;
   [[noreturn]] void fail(const std::string& reason) const;
@@ -45,8 +48,9 @@ class Y4mReader {
   bool frameBegun_ = false;
 };
 
-/// Writes the header of a 4:4:4 clip with 25 frames a second and square pixels.
-void writeY4mHeader(OutputFile& file, int width, int height);
+/// Writes the header of a clip with 25 frames a second and square pixels.
+/// @param format its chroma and range as the header spells them, such as "C444"
+void writeY4mHeader(OutputFile& file, Size size, std::string_view format);
 
 /// Writes the line that begins a frame; the samples of its three planes follow.
 void writeY4mFrameLine(OutputFile& file);

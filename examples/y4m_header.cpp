@@ -16,12 +16,12 @@ using enum ChromaSupport;
 // clang-format off
 constexpr ChromaFormat kChromaFormats[] = {
     {"444", 0, 0, kRead},
-    {"420jpeg", 1, 1, kSubsampled},
-    {"420mpeg2", 1, 1, kSubsampled},
-    {"420paldv", 1, 1, kSubsampled},
-    {"420", 1, 1, kSubsampled},
-    {"422", 1, 0, kSubsampled},
-    {"411", 2, 0, kSubsampled},
+    {"420jpeg", 1, 1, kRead},
+    {"420mpeg2", 1, 1, kRead},
+    {"420paldv", 1, 1, kRead},
+    {"420", 1, 1, kRead},
+    {"422", 1, 0, kRead},
+    {"411", 2, 0, kRead},
     {"444alpha", 0, 0, kAlphaPlane},
     {"mono", 0, 0, kNoChroma},
     {"420p9", 1, 1, kDeepSamples}, {"420p10", 1, 1, kDeepSamples}, {"420p12", 1, 1, kDeepSamples},
@@ -40,6 +40,7 @@ constexpr std::string_view kDefaultChroma = "420jpeg";
 // The parameters by letter; a null pointer is a parameter that is missing.
 struct Parameters {
   std::array<std::string_view, 256> values;
+  SampleRange range = SampleRange::kUnstated;
   bool has(char letter) const { return at(letter).data() != nullptr; }
   const std::string_view& at(char letter) const {
     return values[static_cast<unsigned char>(letter)];
@@ -55,6 +56,11 @@ Parameters split(std::string_view line) {
     line = end == std::string_view::npos ? std::string_view() : line.substr(end + 1);
     if (word.empty()) {
       continue;
+    }
+    if (word == "XCOLORRANGE=FULL") {
+      parameters.range = SampleRange::kFull;
+    } else if (word == "XCOLORRANGE=LIMITED") {
+      parameters.range = SampleRange::kLimited;
     }
     std::string_view& value = parameters.values[static_cast<unsigned char>(word[0])];
     if (value.data() != nullptr && word[0] != 'X') {
@@ -117,19 +123,9 @@ std::string refusal(ChromaSupport support) {
       return " has samples of more than 8 bits";
     case kAlphaPlane:
       return " has an alpha plane";
-    case kNoChroma:
-      return " has no chroma planes";
     default:
-      return " is not supported";
+      return " has no chroma planes";
   }
-}
-
-// How a message calls the chroma format of a header.
-std::string chromaName(const Parameters& parameters, std::string_view tag) {
-  std::string name = "C";
-  name += tag;
-  name = quoted(name);
-  return parameters.has('C') ? name : name + " (the header names none, which means it)";
 }
 
 const ChromaFormat* readChroma(const Parameters& parameters) {
@@ -143,7 +139,7 @@ const ChromaFormat* readChroma(const Parameters& parameters) {
       reason = refusal(format.support);
     }
   }
-  throw Failure("chroma format " + chromaName(parameters, tag) + reason +
+  throw Failure("chroma format " + quoted("C" + std::string(tag)) + reason +
                 "; readable: " + readableTags());
 }
 
@@ -163,6 +159,7 @@ Y4mHeader parseY4mHeader(std::string_view line) {
   checkRatio(parameters, 'A', "pixel aspect");
   checkInterlacing(parameters);
   header.chroma = readChroma(parameters);
+  header.range = parameters.range;
   return header;
 }
 

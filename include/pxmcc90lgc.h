@@ -151,8 +151,8 @@ pxmStatus legacy90pxmccSetNumThreads(int numThreads);
  *     G = Y - 0.394 (U - 128)   - 0.581 (V - 128)        U = 0.492 (B - Y) + 128
  *     B = Y + 2.032 (U - 128)                            V = 0.877 (R - Y) + 128
  *
- * All in fixed point, and clamped to 0 to 255 when decoding. Each conversion has fixed constants
- * and roundings of its own; conversions that look alike may differ by one level.
+ * All in fixed point; components, and V, are clamped to 0 to 255. Each conversion has fixed
+ * constants and roundings of its own; conversions that look alike may differ by one level.
  */
 
 /**

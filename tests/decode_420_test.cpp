@@ -3,8 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/small_images.h"
+#include "tests/support/variants.h"
 
 namespace {
+
+// What holds in plain code and not in every variant.
+class PlainYuv420 : public testing::Test {
+ private:
+  const SelectedVariant plain_{0};
+};
 
 // With Y = 128 and Cr = 128 the blue tells which Cb a pixel took: 1.164 * 112 + 2.017 (Cb - 128).
 constexpr std::uint8_t dark = 0x78, middle = 0x98, bright = 0xB8;
@@ -76,7 +83,7 @@ TEST(DecodeYuv420, DitherWritesEveryPixelAtWidth1AndHeight1) {
 
 // Y = 3, U = 128, V = 132 is red 7.56: the nearest level is 8, which shows in five bits, and the
 // level below is 7, which does not.
-TEST(DecodeYuv420, RedIsRoundedInWholeBlocksAndCutAtOddEdges) {
+TEST_F(PlainYuv420, RedIsRoundedInWholeBlocksAndCutAtOddEdges) {
   const Words even = decoded("YUV420ToBGR555_8u16u_P3C3R", {Bytes(4, 3), {128}, {132}}, 2, 2);
   for (const unsigned word : even) EXPECT_EQ(word >> 10, 1u);
   const Words odd =
@@ -86,7 +93,7 @@ TEST(DecodeYuv420, RedIsRoundedInWholeBlocksAndCutAtOddEdges) {
       EXPECT_EQ(odd[3 * y + x] >> 10, x < 2 && y < 2 ? 1u : 0u) << x << "," << y;
 }
 
-TEST(DecodeYuv420, ThreeByTwoHasAnOddColumnAndNoOddRow) {
+TEST_F(PlainYuv420, ThreeByTwoHasAnOddColumnAndNoOddRow) {
   const Words pixels =
       decoded("YUV420ToBGR555_8u16u_P3C3R", {Bytes(6, 3), Bytes(2, 128), Bytes(2, 132)}, 3, 2);
   for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(pixels[i] >> 10, i % 3 == 2 ? 0u : 1u) << i;

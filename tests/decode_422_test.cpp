@@ -6,8 +6,15 @@
 
 #include "include/pxmcc90lgc.h"
 #include "tests/support/small_images.h"
+#include "tests/support/variants.h"
 
 namespace {
+
+// What holds in plain code and not in every variant.
+class Plain422 : public testing::Test {
+ private:
+  const SelectedVariant plain_{0};
+};
 
 TEST(Decode422, Width2IsOnePairInEveryLayout) {
   const Words interleaved = decoded("YCbCr422ToBGR565_8u16u_C2C3R", {{81, 90, 81, 240}}, 2, 1);
@@ -41,14 +48,14 @@ TEST(Decode422, Width1UnderDitherIsAnOrdinaryPixel) {
             (Words{0, 31u << 11 | 62u << 5 | 31u}));
 }
 
-TEST(Decode422, Width1PlanarIsAnOrdinaryPixelInPlainCode) {
+TEST_F(Plain422, Width1PlanarIsAnOrdinaryPixel) {
   EXPECT_EQ(decoded("YCbCr422ToBGR565_8u16u_P3C3R", {{81, 16}, {90, 128}, {240, 128}}, 1, 2),
             (Words{0xF800, 0}));
 }
 
 // Three bytes a row, R, G, B, whatever the name says; rows half a pitch apart. (81, 128, 128) is
 // grey 75.
-TEST(Decode422, Width1WithoutDitherStoresThreeBytesARow) {
+TEST_F(Plain422, Width1InterleavedStoresThreeBytesARow) {
   const unsigned char source[4] = {81, 128, 81, 200};
   using Convert = pxmStatus(const unsigned char*, int, unsigned short*, int, pxmSize);
   Convert* const all[] = {

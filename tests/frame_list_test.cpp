@@ -63,21 +63,34 @@ TEST(List, EveryKindHasItsCount) {
 }
 
 extern "C" {
+#define DECODE(name, ...)                                                                 \
+  pxmStatus name##_mx(), name##_m7(), name##_u8(), name##_n8(), name##_y8(), name##_e9(), \
+      name##_l9();
 #define CONVERSION(name, family) pxmStatus name##_mx();
 #include "frame/conversions.def"
 }
 
-// The addresses are compared as such, whatever the entries' arguments.
-TEST(List, EverySlotOfAConversionWithoutVectorCodeLeadsToItsPlainEntry) {
-  const void* const entries[] = {
-#define CONVERSION(name, family) reinterpret_cast<const void*>(&name##_mx),
+// The entries of the seven slots; addresses are compared as such, whatever the entries' arguments.
+struct Slots {
+  std::string_view name;
+  pxmStatus (*entries[variantCount])();
+};
+
+TEST(List, EverySlotLeadsToTheEntryOfItsVariant) {
+  const Slots expected[] = {
+#define DECODE(name, ...) \
+  {#name, {name##_mx, name##_m7, name##_u8, name##_n8, name##_y8, name##_e9, name##_l9}},
+// Without vector code: the plain entry.
+#define CONVERSION(name, family) \
+  {#name, {name##_mx, name##_mx, name##_mx, name##_mx, name##_mx, name##_mx, name##_mx}},
 #include "frame/conversions.def"
   };
-  ASSERT_EQ(std::size(entries), conversions().size());
-  for (std::size_t i = 0; i < conversions().size(); ++i)
+  ASSERT_EQ(std::size(expected), conversions().size());
+  for (const Slots& slots : expected)
     for (int slot = 0; slot < variantCount; ++slot)
-      EXPECT_EQ(slotsOf(conversions()[i])[slot], entries[i])
-          << conversions()[i].name << " slot " << slot;
+      EXPECT_EQ(slotsOf(conversionNamed(slots.name))[slot],
+                reinterpret_cast<const void*>(slots.entries[slot]))
+          << slots.name << " slot " << slot;
 }
 
 }  // namespace

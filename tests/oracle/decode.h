@@ -70,7 +70,7 @@ std::optional<DecodeName> parseDecodeName(std::string_view name);
 struct DecodeCall {
   const std::uint8_t* src[3];
   int srcStep[3];     // bytes, any sign
-  std::uint8_t* dst;  // any address, even or odd
+  std::uint8_t* dst;  // any address, even or odd, with room for what a variant writes beyond a row
   int dstStep;        // bytes as the caller gives them, any sign, odd allowed
   int width;          // 1 or more, 4 or more in 4:1:1
   int height;         // 1 or more
@@ -83,8 +83,11 @@ struct DecodeCall {
 int decode(std::string_view name, Variant variant, const DecodeCall& call);
 
 // One pixel of a 4:4:4 conversion: samples 0 to 255, place counted from the region's top left.
+// Without a width the pixel lies in the columns of the vector blocks.
 std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
                              int row, int column);
+std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
+                             int row, int column, int width);
 
 }  // namespace oracle
 

@@ -19,8 +19,8 @@ void decode411(const DecodeJob& job) {
     std::uint8_t* target = rowAt(call.dst, call.dstStep, row);
     for (int column = 0; column < call.width; ++column) {
       const int group = std::min(column / 4, lastGroup);
-      const Rgb c = decodeRounded(luma[column], cb[group], cr[group]);
-      storeWord(target, column, packed(job.name, c, row, column));
+      const Samples s{luma[column], cb[group], cr[group]};
+      storeWord(target, column, pixelAt(job, s, row, column));
     }
   }
 }

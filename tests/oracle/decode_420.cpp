@@ -28,33 +28,83 @@ Rows rowsAt(const DecodeCall& call, int first) {
           wrappedPixelRowAt(call.dst, call.dstStep, first)};
 }
 
-// The plain conversions of YUV round where whole blocks lie, and do not in an odd last row or
-// column.
-Rgb colourAt(const DecodeJob& job, const Samples& s, int row, int column) {
-  if (job.name.source == DecodeSource::YCbCr420) return decodeStaged(s.y, s.cb, s.cr);
-  if (job.name.dither) return decodeYuvStaged(s.y, s.cb, s.cr);
-  const bool whole = row / 2 < job.call.height / 2 && column / 2 < job.call.width / 2;
-  return whole ? decodeYuvRounded(s.y, s.cb, s.cr) : decodeYuvPlain(s.y, s.cb, s.cr);
+bool isPlainYuv(const DecodeName& name) {
+  return name.source == DecodeSource::YUV420 && !name.dither;
 }
 
-// Decodes the pixels that one chroma sample serves, the upper row before the lower.
-void decodeBlock(const DecodeJob& job, const Rows& rows, int first) {
-  const int end = std::min(first + 2, job.call.width);
+// Columns that are decoded as one, in one way.
+struct Block {
+  int first;
+  int size;
+  bool inVectorColumns;
+};
+
+// Decodes a block, the upper row before the lower.
+void decodeBlock(const DecodeJob& job, const Rows& rows, const Block& block) {
   for (int k = 0; k < rows.count; ++k) {
     const std::uint8_t* luma = rowAt(rows.luma, job.call.srcStep[0], k);
     std::uint8_t* target = rowAt(rows.target, evenStep(job.call.dstStep), k);
-    for (int column = first; column < end; ++column) {
-      const Samples s{luma[column], rows.cb[column / 2], rows.cr[column / 2]};
-      const Rgb c = colourAt(job, s, rows.first + k, column);
-      storeWord(target, column, packed(job.name, c, rows.first + k, column));
+    for (int column = block.first; column < block.first + block.size; ++column) {
+      storeWord(target, column,
+                decodePixel(job.name, job.variant, block.inVectorColumns, luma[column],
+                            rows.cb[column / 2], rows.cr[column / 2], rows.first + k, column));
     }
   }
 }
 
+// The columns of a row pair that its blocks cover. The plain conversions of YUV have whole blocks
+// in the reference as well.
+int blockColumns(const DecodeJob& job) {
+  if (job.variant == Variant::mx && isPlainYuv(job.name)) return job.call.width / 2 * 2;
+  return vectorColumns(job.name, job.variant, job.call.width);
+}
+
+// The largest block that the remaining columns fill. Lanes of 256 bits have blocks of 16 and 8, the
+// others of 8, 4 and 2.
+int blockSize(const DecodeJob& job, int remaining) {
+  if (job.variant == Variant::mx) return 2;
+  if (hasWideLanes(job.name, job.variant)) return remaining >= 16 ? 16 : 8;
+  return remaining >= 8 ? 8 : remaining >= 4 ? 4 : 2;
+}
+
+// The plain vector kernels of YUV take a block of four columns without counting it, and run their
+// last block of two once too often behind it.
+bool runsOnceTooOften(const DecodeJob& job) {
+  return job.variant != Variant::mx && isPlainYuv(job.name) && job.call.width % 8 / 2 == 2;
+}
+
+// The dithering vector kernels write two pixels more in the odd last row of an odd width.
+bool writesPastTheCorner(const DecodeJob& job) {
+  return job.variant != Variant::mx && job.name.dither && job.call.width % 2 == 1;
+}
+
+// Scalar code takes two columns at a time.
+void decodeScalar(const DecodeJob& job, const Rows& rows, int first, int end) {
+  for (int column = first; column < end; column += 2) {
+    decodeBlock(job, rows, {column, std::min(2, end - column), false});
+  }
+}
+
+void decodePair(const DecodeJob& job, const Rows& rows) {
+  const int end = blockColumns(job);
+  for (int column = 0; column < end;) {
+    const int size = blockSize(job, end - column);
+    decodeBlock(job, rows, {column, size, true});
+    column += size;
+  }
+  if (runsOnceTooOften(job)) decodeBlock(job, rows, {end, 2, true});
+  decodeScalar(job, rows, end, job.call.width);
+}
+
+// Scalar code decodes all of an odd last row.
+void decodeOddRow(const DecodeJob& job, const Rows& rows) {
+  const int end = job.call.width + (writesPastTheCorner(job) ? 2 : 0);
+  decodeScalar(job, rows, 0, end);
+}
+
 // The plain conversions of YUV leave a region one pixel wide or high as it is.
 bool writesNothing(const DecodeJob& job) {
-  const bool plainYuv = job.name.source == DecodeSource::YUV420 && !job.name.dither;
-  return plainYuv && (job.call.width == 1 || job.call.height == 1);
+  return isPlainYuv(job.name) && (job.call.width == 1 || job.call.height == 1);
 }
 
 }  // namespace
@@ -63,7 +113,11 @@ void decode420(const DecodeJob& job) {
   if (writesNothing(job)) return;
   for (int row = 0; row < job.call.height; row += 2) {
     const Rows rows = rowsAt(job.call, row);
-    for (int column = 0; column < job.call.width; column += 2) decodeBlock(job, rows, column);
+    if (rows.count == 2) {
+      decodePair(job, rows);
+    } else {
+      decodeOddRow(job, rows);
+    }
   }
 }
 

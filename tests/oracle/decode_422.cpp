@@ -8,13 +8,9 @@
 namespace oracle {
 namespace {
 
-Rgb colour422(const DecodeName& name, const Samples& s) {
-  const bool folded = name.layout == DecodeLayout::C2C3 && !name.dither;
-  return folded ? decodeFolded(s.y, s.cb, s.cr) : decodeStaged(s.y, s.cb, s.cr);
-}
-
 // The samples of a pixel of an interleaved row. The odd last pixel has one chroma byte of its own:
-// it is both Cb and Cr where dithered, and Cb beside the Cr of the pair before where plain.
+// it is both Cb and Cr where dithered, and Cb beside the Cr of the pair before where plain. In a
+// region one pixel wide that Cr is the byte ahead of the row.
 Samples interleaved422(const DecodeJob& job, const std::uint8_t* row, int column) {
   const std::uint8_t* luma = row + std::ptrdiff_t{column} * 2;
   const bool second = column % 2 == 1;
@@ -39,9 +35,11 @@ void decodeWidth1(const DecodeCall& call) {
 
 }  // namespace
 
-// The distance of a source row wraps in every plane; that of a destination row does not.
+// The distance of a source row wraps in every plane; that of a destination row does not. The plain
+// vector kernels leave a region one pixel wide as it is.
 void decode422Planar(const DecodeJob& job) {
   const DecodeCall& call = job.call;
+  if (call.width == 1 && !job.name.dither && job.variant != Variant::mx) return;
   for (int row = 0; row < call.height; ++row) {
     const std::uint8_t* luma = wrappedRowAt(call.src[0], call.srcStep[0], row);
     const std::uint8_t* cb = wrappedRowAt(call.src[1], call.srcStep[1], row);
@@ -49,20 +47,22 @@ void decode422Planar(const DecodeJob& job) {
     std::uint8_t* target = rowAt(call.dst, evenStep(call.dstStep), row);
     for (int column = 0; column < call.width; ++column) {
       const Samples s{luma[column], cb[column / 2], cr[column / 2]};
-      storeWord(target, column, packed(job.name, colour422(job.name, s), row, column));
+      storeWord(target, column, pixelAt(job, s, row, column));
     }
   }
 }
 
 void decode422Interleaved(const DecodeJob& job) {
   const DecodeCall& call = job.call;
-  if (call.width == 1 && !job.name.dither) return decodeWidth1(call);
+  if (call.width == 1 && !job.name.dither && !hasWideLanes(job.name, job.variant)) {
+    return decodeWidth1(call);
+  }
   for (int row = 0; row < call.height; ++row) {
     const std::uint8_t* source = rowAt(call.src[0], call.srcStep[0], row);
     std::uint8_t* target = rowAt(call.dst, evenStep(call.dstStep), row);
     for (int column = 0; column < call.width; ++column) {
       const Samples s = interleaved422(job, source, column);
-      storeWord(target, column, packed(job.name, colour422(job.name, s), row, column));
+      storeWord(target, column, pixelAt(job, s, row, column));
     }
   }
 }

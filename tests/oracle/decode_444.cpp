@@ -23,12 +23,6 @@ Samples planar444(const DecodeCall& call, int row, int column) {
 
 }  // namespace
 
-std::uint16_t decodePixel444(const DecodeName& name, [[maybe_unused]] Variant variant, int y,
-                             int cb, int cr, int row, int column) {
-  const bool wide = name.layout == DecodeLayout::C3 && !name.dither;
-  return packed(name, wide ? decodeWide(y, cb, cr) : decodeStaged(y, cb, cr), row, column);
-}
-
 void decode444(const DecodeJob& job) {
   const DecodeCall& call = job.call;
   for (int row = 0; row < call.height; ++row) {
@@ -37,7 +31,7 @@ void decode444(const DecodeJob& job) {
       const Samples s = job.name.layout == DecodeLayout::C3 ? interleaved444(call, row, column)
                                                             : planar444(call, row, column);
       storeWord(target, column,
-                decodePixel444(job.name, job.variant, s.y, s.cb, s.cr, row, column));
+                decodePixel444(job.name, job.variant, s.y, s.cb, s.cr, row, column, call.width));
     }
   }
 }

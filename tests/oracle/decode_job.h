@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "decode.h"
+#include "vector_decode.h"
 
 namespace oracle {
 
@@ -28,6 +29,12 @@ struct Samples {
 inline std::uint16_t packed(const DecodeName& name, Rgb c, int row, int column) {
   if (name.dither) return packDither(c, name.depth, name.bgr, row, column);
   return packPlain(c, name.depth, name.bgr);
+}
+
+// A pixel of a kernel that treats all its rows alike.
+inline std::uint16_t pixelAt(const DecodeJob& job, const Samples& s, int row, int column) {
+  const bool inVectorColumns = column < vectorColumns(job.name, job.variant, job.call.width);
+  return decodePixel(job.name, job.variant, inVectorColumns, s.y, s.cb, s.cr, row, column);
 }
 
 void decode411(const DecodeJob& job);

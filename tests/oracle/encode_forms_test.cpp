@@ -162,6 +162,22 @@ TEST(OracleEncodeForms, EveryCbOfASinglePixel) {
   }
 }
 
+// Components that no pixel has move the sums by single units, which shows the last digit of the
+// bias.
+TEST(OracleEncodeForms, BiasesToTheLastDigit) {
+  for (int r = 0; r < 256; r += 51) {
+    for (int g = 0; g < 256; ++g) {
+      for (int b = 0; b < 256; ++b) {
+        const int cb = 28770 * b - 19071 * g - 9699 * r;
+        ASSERT_EQ(encodeCbSingle({r, g, b}), (cb - 8380416) >> 16 & 255);
+        ASSERT_EQ(encodeCb(r, g, b, 2), (cb - 16760832) >> 17 & 255);
+        ASSERT_EQ(encodeCb(r, g, b, 4), (cb - 33521664) >> 18 & 255);
+        ASSERT_EQ(encodeLuma({r, g, b}), (6423 * b + 33030 * g + 16843 * r + 1081344) >> 16);
+      }
+    }
+  }
+}
+
 // The exact chroma of these groups is 128 and a fraction on either side of seven eighths.
 TEST(OracleEncodeForms, AnEighthIsAddedAndNotAHalf) {
   EXPECT_EQ(encodeCb(0, 0, 7, 4), 128);  // 0.768

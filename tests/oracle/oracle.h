@@ -12,5 +12,6 @@
 #include "depth.h"
 #include "encode.h"
 #include "twist.h"
+#include "vector_decode.h"
 
 #endif  // TESTS_ORACLE_ORACLE_H_

@@ -28,6 +28,8 @@ const BadCommand kBadCommands[] = {
     {"TargetWithoutName", {"in.y4m", "out.png", "--to"}, "'--to' needs a value"},
     {"UnknownOption", {"--to", "bgr565", "--fast", "in.y4m", "out.png"}, "'--fast' is not known"},
     {"ValueForDither", {"--to", "bgr565", "--dither=1", "in.y4m", "o.png"}, "'--dither=1'"},
+    {"UnknownMatrix", {"--to", "bgr565", "--matrix", "rgb", "i", "o"}, "'rgb' is not one of ycbcr"},
+    {"MatrixWithoutName", {"--to", "bgr565", "--matrix"}, "'--matrix' needs a value"},
     {"NoInput", {"--to", "bgr565"}, "INPUT or OUTPUT is missing"},
     {"NoOutput", {"--to", "bgr565", "in.y4m"}, "INPUT or OUTPUT is missing"},
     {"ThirdName", {"--to", "bgr565", "in.y4m", "out.png", "more"}, "'more' is too much"},

@@ -123,6 +123,10 @@ Outcome ProgramTest::y4m2png(std::vector<std::string> arguments, const Surroundi
   return run(prepended(Y4M2PNG, std::move(arguments)), around);
 }
 
+Outcome ProgramTest::png2y4m(std::vector<std::string> arguments, const Surroundings& around) const {
+  return run(prepended(PNG2Y4M, std::move(arguments)), around);
+}
+
 Outcome ProgramTest::testclip(std::vector<std::string> arguments,
                               const Surroundings& around) const {
   return run(prepended(TESTCLIP, std::move(arguments)), around);
@@ -151,6 +155,11 @@ testing::AssertionResult succeeded(const Outcome& outcome) {
   }
   return testing::AssertionFailure() << "exit code " << outcome.exitCode << ", out: " << outcome.out
                                      << ", err: " << outcome.err;
+}
+
+testing::AssertionResult warned(const Outcome& outcome, const std::string& program,
+                                const std::string& text) {
+  return failedWith(outcome, 0, program + ": warning", text);
 }
 
 testing::AssertionResult failedWith(const Outcome& outcome, int exitCode,

@@ -34,6 +34,8 @@ class ProgramTest : public testing::Test {
 
   /// Runs y4m2png with these arguments.
   Outcome y4m2png(std::vector<std::string> arguments, const Surroundings& around = {}) const;
+  /// Runs png2y4m with these arguments.
+  Outcome png2y4m(std::vector<std::string> arguments, const Surroundings& around = {}) const;
   /// Runs testclip with these arguments.
   Outcome testclip(std::vector<std::string> arguments, const Surroundings& around = {}) const;
 
@@ -50,6 +52,11 @@ class ProgramTest : public testing::Test {
 
 /// Success without a word on either stream.
 testing::AssertionResult succeeded(const Outcome& outcome);
+
+/// Success with exactly one line on standard error, a warning that begins with the program's name
+/// and holds a text.
+testing::AssertionResult warned(const Outcome& outcome, const std::string& program,
+                                const std::string& text);
 
 /// Exactly one line on standard error that begins with the program's name and holds a text,
 /// nothing on standard output, and an exit code.

@@ -10,7 +10,7 @@ namespace {
 class Programs : public ProgramTest {};
 
 TEST_F(Programs, HelpGoesToStandardOutput) {
-  for (const char* program : {Y4M2PNG, TESTCLIP}) {
+  for (const char* program : {Y4M2PNG, PNG2Y4M, TESTCLIP}) {
     const Outcome outcome = run({program, "--help"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.out.compare(0, 7, "Usage: "), 0);
@@ -21,6 +21,7 @@ TEST_F(Programs, HelpGoesToStandardOutput) {
 TEST_F(Programs, UnprintableHelpIsAFailure) {
   const Surroundings full = {.outFile = "/dev/full"};
   EXPECT_TRUE(failedWith(y4m2png({"--help"}, full), 1, "y4m2png", "No space left on device"));
+  EXPECT_TRUE(failedWith(png2y4m({"--help"}, full), 1, "png2y4m", "No space left on device"));
   EXPECT_TRUE(failedWith(testclip({"--help"}, full), 1, "testclip", "No space left on device"));
 }
 

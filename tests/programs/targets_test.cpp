@@ -7,57 +7,11 @@
 #include <vector>
 
 #include "clip_bytes.h"
+#include "formulas.h"
 #include "program_run.h"
 
 namespace programs {
 namespace {
-
-// Unclamped components in the order red, green, blue.
-std::array<double, 3> components(const Sample& s) {
-  const double luma = 1.164 * (s.y - 16);
-  return {luma + 1.596 * (s.cr - 128), luma - 0.392 * (s.cb - 128) - 0.813 * (s.cr - 128),
-          luma + 2.017 * (s.cb - 128)};
-}
-
-double clamped(double value) {
-  return std::fmin(std::fmax(std::floor(value), 0), 255);
-}
-
-// What a display shows of a level: its bits with the highest of them repeated below.
-int shown(int level, int bits) {
-  switch (bits) {
-    case 4:
-      return level * 17;
-    case 5:
-      return level * 8 + level / 4;
-    default:
-      return level * 4 + level / 16;
-  }
-}
-
-// Fixed point may round down a little earlier or later than the formula.
-constexpr double kSlack = 0.6;
-
-int plainLevel(double value, int bits) {
-  return static_cast<int>(clamped(value)) >> (8 - bits);
-}
-
-bool isClear(double value, int bits) {
-  return plainLevel(value - kSlack, bits) == plainLevel(value + kSlack, bits);
-}
-
-// Between the bounds of rounding down and up.
-bool isDithered(int byte, double value, int bits) {
-  const double scale = ((1 << bits) - 1) / 256.0;
-  const int low = static_cast<int>(std::floor(clamped(value - kSlack) * scale));
-  const int high = static_cast<int>(std::floor(clamped(value + kSlack) * scale)) + 1;
-  for (int level = low; level <= high && level < 1 << bits; ++level) {
-    if (byte == shown(level, bits)) {
-      return true;
-    }
-  }
-  return false;
-}
 
 std::vector<Sample> manySamples(int width, int height) {
   std::vector<Sample> samples;
@@ -69,14 +23,6 @@ std::vector<Sample> manySamples(int width, int height) {
   }
   return samples;
 }
-
-struct Target {
-  const char* name;
-  std::array<int, 3> bits;  // red, green, blue
-};
-
-constexpr Target kTargets[] = {{"bgr565", {5, 6, 5}}, {"rgb565", {5, 6, 5}}, {"bgr555", {5, 5, 5}},
-                               {"rgb555", {5, 5, 5}}, {"bgr444", {4, 4, 4}}, {"rgb444", {4, 4, 4}}};
 
 struct Size {
   int width, height;

@@ -30,14 +30,18 @@ GuardedBytes::~GuardedBytes() {
 }
 
 std::uint8_t* placeImage(const GuardedBytes& memory, Against side, int distance,
-                         const std::vector<std::ptrdiff_t>& rowOffsets, std::ptrdiff_t rowBytes) {
-  std::ptrdiff_t first = 0, last = 0;
-  for (const std::ptrdiff_t offset : rowOffsets) {
-    first = std::min(first, offset);
-    last = std::max(last, offset);
+                         const std::vector<RowSpan>& rows) {
+  std::ptrdiff_t begin = 0, end = 0;
+  if (!rows.empty()) {
+    begin = rows[0].begin;
+    end = rows[0].end;
   }
-  if (last + rowBytes - first + distance > static_cast<std::ptrdiff_t>(memory.size()))
+  for (const RowSpan& row : rows) {
+    begin = std::min(begin, row.begin);
+    end = std::max(end, row.end);
+  }
+  if (end - begin + distance > static_cast<std::ptrdiff_t>(memory.size()))
     throw std::length_error("an image that does not fit its memory");
-  return side == Against::FirstPage ? memory.begin() + distance - first
-                                    : memory.end() - distance - rowBytes - last;
+  return side == Against::FirstPage ? memory.begin() + distance - begin
+                                    : memory.end() - distance - end;
 }

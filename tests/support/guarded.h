@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "tests/support/shapes.h"
+
 // Readable and writable bytes with an inaccessible page directly on either side.
 class GuardedBytes {
  public:
@@ -28,9 +30,9 @@ class GuardedBytes {
 // last ahead of the other.
 enum class Against { FirstPage, LastPage };
 
-// The byte that row offsets count from, for an image of `rowBytes` at each of them whose outermost
-// byte stands `distance` bytes from a guard page. The image must fit.
+// The byte that row offsets count from, for an image whose outermost byte stands `distance` bytes
+// from a guard page. The image must fit.
 std::uint8_t* placeImage(const GuardedBytes& memory, Against side, int distance,
-                         const std::vector<std::ptrdiff_t>& rowOffsets, std::ptrdiff_t rowBytes);
+                         const std::vector<RowSpan>& rows);
 
 #endif

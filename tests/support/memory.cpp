@@ -61,11 +61,11 @@ void CallMemory::placeSources(const Conversion& conversion, const Shape& shape,
     a.srcStep[i] = pitchOf(plane.rowBytes, layout.srcPadding, number, layout.srcUpwards);
     fill(src_[i]->begin(), src_[i]->size(), random);
     a.src[i] = placeImage(*src_[i], layout.side, layout.distance,
-                          sourceRows(conversion, plane.rows, a.srcStep[i]), plane.rowBytes);
+                          sourceRows(conversion, plane, a.srcStep[i]));
   }
 }
 
-void CallMemory::placeDestinations(const Conversion& conversion, const Shape& shape,
+void CallMemory::placeDestinations(const Conversion& conversion, int variant, const Shape& shape,
                                    const Layout& layout, CallArguments& a, Random& random) {
   for (std::size_t i = 0; i < shape.dst.size(); ++i) {
     const PlaneShape& plane = shape.dst[i];
@@ -74,8 +74,7 @@ void CallMemory::placeDestinations(const Conversion& conversion, const Shape& sh
     fill(dst_[i]->begin(), dst_[i]->size(), random);
     std::copy(dst_[i]->begin(), dst_[i]->end(), expected_[i].begin());
     a.dst[i] = placeImage(*dst_[i], layout.side, layout.distance,
-                          destinationRows(conversion, layout.width, plane.rows, a.dstStep[i]),
-                          plane.rowBytes);
+                          destinationRows(conversion, variant, layout.width, plane, a.dstStep[i]));
   }
 }
 
@@ -90,12 +89,12 @@ testing::AssertionResult CallMemory::sameBytes() const {
 
 testing::AssertionResult CallMemory::matchesOracle(const Conversion& conversion, int variant,
                                                    const Layout& layout, Random& random) {
-  const Shape shape = shapeOf(conversion, layout.width, layout.height);
+  const Shape shape = shapeOf(conversion, variant, layout.width, layout.height);
   CallArguments a = {};
   a.size = {layout.width, layout.height};
   std::memcpy(a.twist, ordinaryTwist, sizeof a.twist);
   placeSources(conversion, shape, layout, a, random);
-  placeDestinations(conversion, shape, layout, a, random);
+  placeDestinations(conversion, variant, shape, layout, a, random);
 
   CallArguments byOracle = a;
   for (std::size_t i = 0; i < shape.dst.size(); ++i)

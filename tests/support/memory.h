@@ -41,8 +41,8 @@ class CallMemory {
   void fill(std::uint8_t* bytes, std::size_t count, Random& random) const;
   void placeSources(const Conversion& conversion, const Shape& shape, const Layout& layout,
                     CallArguments& arguments, Random& random);
-  void placeDestinations(const Conversion& conversion, const Shape& shape, const Layout& layout,
-                         CallArguments& arguments, Random& random);
+  void placeDestinations(const Conversion& conversion, int variant, const Shape& shape,
+                         const Layout& layout, CallArguments& arguments, Random& random);
   testing::AssertionResult sameBytes() const;
 
   std::vector<std::uint8_t> pool_;  // random bytes to fill from

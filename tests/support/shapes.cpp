@@ -10,22 +10,57 @@ int halfUp(int n) {
   return (n + 1) / 2;
 }
 
-bool isPlainPackedOfWidth1(const Conversion& c, int width) {
-  return c.kind == Kind::Decode && c.has("_C2C3R") && !c.has("Dither") && width == 1;
+constexpr int l9 = 6;
+
+// The two conversions of l9 that have a packed pixel even at width 1.
+bool isWidePacked(const Conversion& c, int variant) {
+  return variant == l9 && (c.has("422ToBGR555_8u16u_C2") || c.has("422ToBGR565_8u16u_C2"));
 }
 
-bool writesNothing(const Conversion& c, int width, int height) {
-  return c.has("YUV420To") && !c.has("Dither") && (width == 1 || height == 1);
+bool storesThreeBytes(const Conversion& c, int variant, int width) {
+  return c.kind == Kind::Decode && c.has("_C2C3R") && !c.has("Dither") && width == 1 &&
+         !isWidePacked(c, variant);
 }
 
-Shape decodeShape(const Conversion& c, int w, int h) {
-  const std::vector<PlaneShape> pixels = {{isPlainPackedOfWidth1(c, w) ? 3 : 2 * w, h}};
-  if (writesNothing(c, w, h)) return {{{0, 0}, {0, 0}, {0, 0}}, {{0, 0}}, false};
-  if (c.has("_C2C3R")) return {{{2 * w, h}}, pixels, false};
+bool writesNothing(const Conversion& c, int variant, int width, int height) {
+  if (c.has("Dither")) return false;
+  if (c.has("YUV420To")) return width == 1 || height == 1;
+  return variant > 0 && c.has("422To") && c.has("P3C3R") && width == 1;
+}
+
+// 4:2:0 in the variants with blocks: two columns behind an odd corner under dither; without it, in
+// YUV, two columns from the even width on where the last block is one of four.
+void goBeyondTheRegion(const Conversion& c, int w, int h, Shape& shape) {
+  if (c.has("Dither") && (w & 1) && (h & 1)) {
+    shape.src[0].behindLastRow = 2;
+    shape.src[1].behindLastRow = shape.src[2].behindLastRow = 1;
+    shape.dst[0].behindLastRow = 4;
+  }
+  if (!c.has("Dither") && c.has("YUV420To") && (w & 6) == 4) {
+    const int columns = (w & 1) ? 1 : 2;
+    shape.src[0].behindPairs = columns;
+    shape.src[1].behindPairs = shape.src[2].behindPairs = columns - 1;
+    shape.dst[0].behindPairs = 2 * columns;
+    shape.src[0].pairedRows = shape.dst[0].pairedRows = h & ~1;
+    shape.src[1].pairedRows = shape.src[2].pairedRows = h / 2;
+  }
+}
+
+Shape decodeShape(const Conversion& c, int variant, int w, int h) {
+  const std::vector<PlaneShape> pixels = {{storesThreeBytes(c, variant, w) ? 3 : 2 * w, h}};
+  if (writesNothing(c, variant, w, h)) return {{{0, 0}, {0, 0}, {0, 0}}, {{0, 0}}, false};
+  if (c.has("_C2C3R")) {
+    PlaneShape source = {2 * w, h};
+    if (w == 1 && isWidePacked(c, variant)) source.aheadOfRows = 1;
+    return {{source}, pixels, false};
+  }
   if (c.has("8u16u_C3R")) return {{{3 * w, h}}, pixels, false};
   if (c.has("422To")) return {{{w, h}, {halfUp(w), h}, {halfUp(w), h}}, pixels, false};
-  if (c.has("420To"))
-    return {{{w, h}, {halfUp(w), halfUp(h)}, {halfUp(w), halfUp(h)}}, pixels, false};
+  if (c.has("420To")) {
+    Shape shape = {{{w, h}, {halfUp(w), halfUp(h)}, {halfUp(w), halfUp(h)}}, pixels, false};
+    if (variant > 0) goBeyondTheRegion(c, w, h, shape);
+    return shape;
+  }
   if (c.has("411To")) return {{{w, h}, {w / 4, h}, {w / 4, h}}, pixels, false};
   return {{{w, h}, {w, h}, {w, h}}, pixels, true};
 }
@@ -68,12 +103,23 @@ std::ptrdiff_t even(int pitch) {
   return pitch - (pitch & 1);
 }
 
+std::vector<RowSpan> spans(const PlaneShape& plane, const std::vector<std::ptrdiff_t>& offsets) {
+  std::vector<RowSpan> rows;
+  for (int y = 0; y < plane.rows; ++y) {
+    const std::ptrdiff_t offset = offsets[static_cast<std::size_t>(y)];
+    const int behind = (y + 1 == plane.rows ? plane.behindLastRow : 0) +
+                       (y < plane.pairedRows ? plane.behindPairs : 0);
+    rows.push_back({offset - plane.aheadOfRows, offset + plane.rowBytes + behind});
+  }
+  return rows;
+}
+
 }  // namespace
 
-Shape shapeOf(const Conversion& c, int width, int height) {
+Shape shapeOf(const Conversion& c, int variant, int width, int height) {
   switch (c.kind) {
     case Kind::Decode:
-      return decodeShape(c, width, height);
+      return decodeShape(c, variant, width, height);
     case Kind::Encode:
       return encodeShape(c, width, height);
     case Kind::Depth:
@@ -83,17 +129,19 @@ Shape shapeOf(const Conversion& c, int width, int height) {
   }
 }
 
-std::vector<std::ptrdiff_t> sourceRows(const Conversion& c, int rows, int pitch) {
-  if (c.kind == Kind::Depth && c.has("_16u8u_")) return evenly(rows, even(pitch));
-  std::vector<std::ptrdiff_t> offsets = evenly(rows, pitch);
+std::vector<RowSpan> sourceRows(const Conversion& c, const PlaneShape& plane, int pitch) {
+  if (c.kind == Kind::Depth && c.has("_16u8u_"))
+    return spans(plane, evenly(plane.rows, even(pitch)));
+  std::vector<std::ptrdiff_t> offsets = evenly(plane.rows, pitch);
   const bool bgrPairs = c.kind == Kind::Encode && c.has("BGR") && c.has("420_");
   if (bgrPairs)
     for (std::size_t y = 1; y < offsets.size(); y += 2) offsets[y] = offsets[y - 1] + even(pitch);
-  return offsets;
+  return spans(plane, offsets);
 }
 
-std::vector<std::ptrdiff_t> destinationRows(const Conversion& c, int width, int rows, int pitch) {
-  if (isPlainPackedOfWidth1(c, width)) return evenly(rows, even(pitch) / 2);
+std::vector<RowSpan> destinationRows(const Conversion& c, int variant, int width,
+                                     const PlaneShape& plane, int pitch) {
+  if (storesThreeBytes(c, variant, width)) return spans(plane, evenly(plane.rows, even(pitch) / 2));
   const bool words = (c.kind == Kind::Decode && !c.has("411")) || c.has("565_8u16u_C3R");
-  return evenly(rows, words ? even(pitch) : pitch);
+  return spans(plane, evenly(plane.rows, words ? even(pitch) : pitch));
 }

@@ -10,8 +10,13 @@
 #include "tests/support/calls.h"
 
 struct PlaneShape {
-  int rowBytes;  // 0 where nothing of the plane is touched
+  int rowBytes;  // of the region; 0 where nothing of the plane is touched
   int rows;
+  // What variants with blocks touch beyond the region, in bytes.
+  int behindLastRow = 0;
+  int behindPairs = 0;  // behind each row that belongs to a pair of luma rows
+  int pairedRows = 0;   // how many rows of this plane do
+  int aheadOfRows = 0;
 };
 
 struct Shape {
@@ -19,12 +24,18 @@ struct Shape {
   bool onePitch;                     // three planes share the pitch of the first
 };
 
-Shape shapeOf(const Conversion& conversion, int width, int height);
+Shape shapeOf(const Conversion& conversion, int variant, int width, int height);
 
-// Offsets in bytes of a plane's rows for a pitch as it is passed; they follow the conversion's own
-// rules for odd pitches.
-std::vector<std::ptrdiff_t> sourceRows(const Conversion& conversion, int rows, int pitch);
-std::vector<std::ptrdiff_t> destinationRows(const Conversion& conversion, int width, int rows,
-                                            int pitch);
+// The bytes of a row that are touched, from `begin` up to `end`, as offsets from a plane's first
+// byte.
+struct RowSpan {
+  std::ptrdiff_t begin, end;
+};
+
+// The rows of a plane for a pitch as it is passed; they follow the conversion's own rules for odd
+// pitches.
+std::vector<RowSpan> sourceRows(const Conversion& conversion, const PlaneShape& plane, int pitch);
+std::vector<RowSpan> destinationRows(const Conversion& conversion, int variant, int width,
+                                     const PlaneShape& plane, int pitch);
 
 #endif

@@ -25,6 +25,7 @@ Words decoded(std::string_view name, std::vector<Bytes> planes, int width, int h
   a.dst[0] = reinterpret_cast<std::uint8_t*>(pixels.data());
   a.dstStep[0] = 2 * width;
   for (std::size_t i = 0; i < planes.size(); ++i) {
+    planes[i].insert(planes[i].end(), 2, 0);  // some variants read on at odd sizes
     a.src[i] = planes[i].data();
     a.srcStep[i] = i == 0 ? width : chromaWidth(c, width);
   }

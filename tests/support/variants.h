@@ -28,7 +28,7 @@ class SelectedVariant {
   SelectedVariant& operator=(const SelectedVariant&) = delete;
 
  private:
-  int before_;
+  [[maybe_unused]] int before_;
 };
 
 // Those of them that have code of their own for a conversion: a slot that leads to an earlier

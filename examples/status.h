@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Answers of the library.
+#ifndef PXM_EXAMPLES_STATUS_H
+#define PXM_EXAMPLES_STATUS_H
+
+#include <string>
+
+#include "failure.h"
+#include "pxmcc90lgc.h"
+
+namespace examples {
+
+/// Throws a Failure if a conversion is refused. Positive values are warnings with the work done.
+inline void requireDone(pxmStatus status) {
+  if (status < 0) {
+    throw Failure("the conversion is refused with status " + std::to_string(status));
+  }
+}
+
+}  // namespace examples
+
+#endif

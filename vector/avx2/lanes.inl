@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// Sixteen 16-bit lanes in one 256-bit register: the operations of the eight, by the same names.
+#ifndef PXM_VECTOR_AVX2_LANES_INL
+#define PXM_VECTOR_AVX2_LANES_INL
+
+#include <immintrin.h>
+
+#include "vector/sse/lanes.inl"
+
+PXM_TEXT_BEGIN
+
+struct I16x16 {
+  static constexpr int lanes = 16;
+  __m256i v;
+};
+
+template <>
+PXM_INLINE I16x16 all<I16x16>(int value) {
+  return {_mm256_set1_epi16(static_cast<short>(value))};
+}
+
+PXM_INLINE I16x16 operator+(I16x16 a, I16x16 b) {
+  return {_mm256_add_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 operator-(I16x16 a, I16x16 b) {
+  return {_mm256_sub_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 operator&(I16x16 a, I16x16 b) {
+  return {_mm256_and_si256(a.v, b.v)};
+}
+PXM_INLINE I16x16 operator|(I16x16 a, I16x16 b) {
+  return {_mm256_or_si256(a.v, b.v)};
+}
+PXM_INLINE I16x16 min(I16x16 a, I16x16 b) {
+  return {_mm256_min_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 max(I16x16 a, I16x16 b) {
+  return {_mm256_max_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 LaneMulHi(I16x16 a, I16x16 b) {
+  return {_mm256_mulhi_epi16(a.v, b.v)};
+}
+
+template <int n>
+PXM_INLINE I16x16 shiftLeft(I16x16 a) {
+  return {_mm256_slli_epi16(a.v, n)};
+}
+template <int n>
+PXM_INLINE I16x16 shiftRightLogical(I16x16 a) {
+  return {_mm256_srli_epi16(a.v, n)};
+}
+PXM_INLINE I16x16 shiftLeft(I16x16 a, LaneShift s) {
+  return {_mm256_sll_epi16(a.v, s.count)};
+}
+
+PXM_INLINE I16x16 load16Lanes(const uint8_t* p) {
+  return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))};
+}
+PXM_INLINE void storePixels(uint8_t* p, I16x16 pixels) {
+  _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), pixels.v);
+}
+
+// Sixteen bytes as lanes.
+PXM_INLINE I16x16 widened(__m128i bytes) {
+  return {_mm256_cvtepu8_epi16(bytes)};
+}
+
+// Two values, one in each half, or in even and odd lanes.
+PXM_INLINE I16x16 halves(int low, int high) {
+  return {_mm256_set_m128i(_mm_set1_epi16(static_cast<short>(high)),
+                           _mm_set1_epi16(static_cast<short>(low)))};
+}
+PXM_INLINE I16x16 alternating(int even, int odd) {
+  return {_mm256_set1_epi32(
+      static_cast<int>(static_cast<uint32_t>(odd) << 16 | static_cast<uint32_t>(even)))};
+}
+
+PXM_INLINE I16x8 lowHalf(I16x16 a) {
+  return {_mm256_castsi256_si128(a.v)};
+}
+PXM_INLINE I16x8 highHalf(I16x16 a) {
+  return {_mm256_extracti128_si256(a.v, 1)};
+}
+
+// Each of eight lanes twice, side by side: byte shuffles stay within a half, widening does not.
+PXM_INLINE I16x16 doubled(I16x8 a) {
+  const __m256i pattern = _mm256_set1_epi64x(0x0504050401000100);
+  const __m256i second = _mm256_set_epi64x(0x0808080808080808, 0, 0x0808080808080808, 0);
+  return {_mm256_shuffle_epi8(_mm256_cvtepu16_epi32(a.v), _mm256_add_epi8(pattern, second))};
+}
+
+// The even or the odd lanes twice, side by side.
+PXM_INLINE I16x16 evenWordsDoubled(I16x16 a) {
+  return {_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(a.v, 0xA0), 0xA0)};
+}
+PXM_INLINE I16x16 oddWordsDoubled(I16x16 a) {
+  return {_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(a.v, 0xF5), 0xF5)};
+}
+
+PXM_TEXT_END
+
+#endif

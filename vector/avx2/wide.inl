@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// The five kernels of 256-bit lanes: plain 4:2:0 to BGR, and plain interleaved 4:2:2 to BGR555 and
+// BGR565. Their RGB twins stay on 128 bits. Main blocks of 16 columns, one of 8, then the scalar
+// tail.
+#ifndef PXM_VECTOR_AVX2_WIDE_INL
+#define PXM_VECTOR_AVX2_WIDE_INL
+
+#include "decode/kernels.inl"
+#include "vector/avx2/lanes.inl"
+
+PXM_TEXT_BEGIN
+
+constexpr Cut cutBySixteenEight = {16, ~15, 8, 0};
+
+// A: the luma times 128 less 2048.
+PXM_INLINE I16x16 wideLuma(I16x16 y) {
+  return LaneMulHi(shiftLeft<7>(y - all<I16x16>(16)), all<I16x16>(9535));
+}
+
+template <class Packer>
+using Blocks420 = Blocks<PlanarRows<2, 1>, DecodeStaged, Packer, DecodeStaged>;
+
+// Both chroma planes share a register: Cr in the low half, Cb in the high half.
+template <class Packer>
+struct WideRows420 : Blocks420<Packer> {
+  static constexpr Cut cut = cutBySixteenEight;
+
+  template <int n>
+  PXM_INLINE void block(ptrdiff_t x) const {
+    if constexpr (n == 16)
+      wideBlock(x);
+    else
+      Blocks420<Packer>::template block<n>(x);
+  }
+
+  PXM_INLINE void wideBlock(ptrdiff_t x) const {
+    const __m128i crCb = _mm_unpacklo_epi64(loadBytes<8>(this->source.cr + (x >> 1)),
+                                            loadBytes<8>(this->source.cb + (x >> 1)));
+    const I16x16 c = shiftLeft<7>(widened(crCb) - all<I16x16>(128));
+    const I16x16 redBlue = LaneMulHi(c, halves(13074, 16523));
+    const I16x16 greens = LaneMulHi(c, halves(6660, 3211));
+    const I16x8 green = all<I16x8>(0) - lowHalf(greens) - highHalf(greens);
+    const LaneTerms<I16x16> terms = {doubled(lowHalf(redBlue)), doubled(green),
+                                     doubled(highHalf(redBlue))};
+    const LanePackPlain<Packer::depth> packer(this->packer, 0);
+    for (int row = 0; row < 2; ++row) {
+      const I16x16 luma = wideLuma(widened(loadBytes<16>(this->source.luma[row] + x)));
+      storePixels(this->out[row].pixels + 2 * x, packer.pack(join(luma, terms)));
+    }
+  }
+};
+
+// The tail of the wide 4:2:2 kernels, rounded in all components. Required: its weights are those of
+// no other form.
+struct DecodeRoundedLow {
+  PXM_INLINE static Terms chroma(const Chroma& c) {
+    const int u = c.cb - 128;
+    const int v = c.cr - 128;
+    return {v * 104593, -u * 25689 - v * 53279, u * 132184};
+  }
+  PXM_INLINE static Channels join(int y, const Terms& t) {
+    return sum<16>((y - 16) * 76282 + 32768, t);
+  }
+};
+
+template <>
+struct ChainOf<DecodeRoundedLow> {
+  using Type = RoundedNarrowChain;
+  static constexpr bool repeatsLastBlock = false;
+};
+
+template <class Packer>
+using Blocks422 = Blocks<PackedRow422LastCr, DecodeRoundedLow, Packer, DecodeRoundedLow>;
+
+// Cb and Cr share a register in turn, and each takes its own weights there. Required: an image one
+// pixel wide is no special case, and its Cr is the byte ahead of the row.
+template <class Packer>
+struct WideRow422 : Blocks422<Packer> {
+  static constexpr Cut cut = cutBySixteenEight;
+
+  template <int n>
+  PXM_INLINE void block(ptrdiff_t x) const {
+    if constexpr (n == 16)
+      wideBlock(x);
+    else
+      Blocks422<Packer>::template block<n>(x);
+  }
+
+  PXM_INLINE void wideBlock(ptrdiff_t x) const {
+    const I16x16 words = load16Lanes(this->source.samples + 2 * x);
+    const I16x16 luma = wideLuma(words & all<I16x16>(255)) + all<I16x16>(8);
+    const I16x16 c = shiftLeft<7>(shiftRightLogical<8>(words) - all<I16x16>(128));
+    const I16x16 blueRed = LaneMulHi(c, alternating(16523, 13074));
+    const I16x16 greens = LaneMulHi(c, alternating(3211, 6660));
+    const LaneTerms<I16x16> terms = {
+        oddWordsDoubled(blueRed),
+        all<I16x16>(0) - evenWordsDoubled(greens) - oddWordsDoubled(greens),
+        evenWordsDoubled(blueRed)};
+    const LanePackPlain<Packer::depth> packer(this->packer, 0);
+    storePixels(this->out[0].pixels + 2 * x, packer.pack(join(luma, terms)));
+  }
+};
+
+// Runs a driver in the order BGR, and leaves the upper halves of the registers clean.
+template <class Driver>
+struct WideBgr {
+  PXM_KERNEL static void run(const typename Driver::Arguments& a, int dstPitch) {
+    Driver::convert(a, dstPitch, 1);
+    _mm256_zeroupper();
+  }
+};
+
+template <int depth>
+using Wide420 = WideBgr<DecodePairs<WideRows420<PackPlain<depth>>,
+                                    Columns<PlanarRows<1, 1>, DecodeStaged, PackPlain<depth>>>>;
+template <int depth>
+using Wide422 = WideBgr<DecodeRows<PackedImage<PackedRow422LastCr>, WideRow422<PackPlain<depth>>>>;
+
+template <>
+struct KernelOf<YCbCr420To444, Order::Bgr> : Wide420<444> {};
+template <>
+struct KernelOf<YCbCr420To555, Order::Bgr> : Wide420<555> {};
+template <>
+struct KernelOf<YCbCr420To565, Order::Bgr> : Wide420<565> {};
+template <>
+struct KernelOf<YCbCr422C2To555, Order::Bgr> : Wide422<555> {};
+template <>
+struct KernelOf<YCbCr422C2To565, Order::Bgr> : Wide422<565> {};
+
+PXM_TEXT_END
+
+#endif

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// The decode forms in 16-bit lanes, over any lane type. Samples come in the high byte of a lane; a
+// component leaves as twelve bits, 0 to 4095: its eight, and a fraction of sixteenths below them.
+// Every value that a lane takes fits 16 bits, so nothing wraps.
+#ifndef PXM_VECTOR_CHAINS_INL
+#define PXM_VECTOR_CHAINS_INL
+
+#include "frame/variant.h"
+
+PXM_TEXT_BEGIN
+
+// What a chroma pair adds to each component, in sixteenths of a level.
+template <class L>
+struct LaneTerms {
+  L red, green, blue;
+};
+
+// Twelve bits a component.
+template <class L>
+struct LaneChannels {
+  L red, green, blue;
+};
+
+// Saturates the sixteenths of a component to those of 0 to 255.
+template <class L>
+PXM_INLINE L clampToTwelveBits(L sixteenths) {
+  return max(min(sixteenths, all<L>(4095)), all<L>(0));
+}
+
+template <class L>
+PXM_INLINE LaneChannels<L> join(L luma, const LaneTerms<L>& t) {
+  return {clampToTwelveBits(luma + t.red), clampToTwelveBits(luma + t.green),
+          clampToTwelveBits(luma + t.blue)};
+}
+
+// (sample - 128) << 8 of a sample in the high byte.
+template <class L>
+PXM_INLINE L centred(L high) {
+  return high ^ all<L>(0x8000);
+}
+
+// The staged form. A, the luma times 128 less 2048, lies in -2048..30592 and L in -298..4450; no
+// term exceeds 4131 in size.
+struct NarrowChain {
+  template <class L>
+  PXM_INLINE static L luma(L y) {
+    return LaneMulHi(shiftRightLogical<1>(y) - all<L>(2048), all<L>(9535));
+  }
+  // V stays 256-scaled against half the weights, which are even; those of U are not.
+  template <class L>
+  PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
+    const L u = shiftRight<1>(centred(cb)), v = centred(cr);
+    return {LaneMulHi(v, all<L>(13074 / 2)),
+            all<L>(0) - LaneMulHi(v, all<L>(6660 / 2)) - LaneMulHi(u, all<L>(3211)),
+            LaneMulHi(u, all<L>(16523))};
+  }
+};
+
+// The same to the nearest level: 8 sixteenths more.
+struct RoundedNarrowChain : NarrowChain {
+  template <class L>
+  PXM_INLINE static L luma(L y) {
+    return NarrowChain::luma(y) + all<L>(8);
+  }
+};
+
+struct StagedYuvChain {
+  template <class L>
+  PXM_INLINE static L luma(L y) {
+    return shiftRightLogical<4>(y);
+  }
+  template <class L>
+  PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
+    const L u = shiftRight<1>(centred(cb)), v = shiftRight<1>(centred(cr));
+    return {LaneMulHi(v, all<L>(9338)),
+            all<L>(0) - LaneMulHi(u, all<L>(3227)) - LaneMulHi(v, all<L>(4759)),
+            LaneMulHi(u, all<L>(16646))};
+  }
+};
+
+PXM_TEXT_END
+
+#endif

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// Eight 16-bit lanes in one 128-bit register, and the operations that the chains use. Compiled with
+// VEX flags the same text is the three-operand form.
+#ifndef PXM_VECTOR_SSE_LANES_INL
+#define PXM_VECTOR_SSE_LANES_INL
+
+#include <emmintrin.h>
+#include <stdint.h>
+#include <string.h>
+
+#include "frame/variant.h"
+
+PXM_TEXT_BEGIN
+
+struct I16x8 {
+  static constexpr int lanes = 8;
+  __m128i v;
+};
+
+// A shift count that is known at run time.
+struct LaneShift {
+  __m128i count;
+  PXM_INLINE explicit LaneShift(int n) : count(_mm_cvtsi32_si128(n)) {}
+};
+
+template <class L>
+L all(int value);
+template <>
+PXM_INLINE I16x8 all<I16x8>(int value) {
+  return {_mm_set1_epi16(static_cast<short>(value))};
+}
+
+// Additions and subtractions wrap.
+PXM_INLINE I16x8 operator+(I16x8 a, I16x8 b) {
+  return {_mm_add_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x8 operator-(I16x8 a, I16x8 b) {
+  return {_mm_sub_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x8 operator&(I16x8 a, I16x8 b) {
+  return {_mm_and_si128(a.v, b.v)};
+}
+PXM_INLINE I16x8 operator|(I16x8 a, I16x8 b) {
+  return {_mm_or_si128(a.v, b.v)};
+}
+PXM_INLINE I16x8 operator^(I16x8 a, I16x8 b) {
+  return {_mm_xor_si128(a.v, b.v)};
+}
+PXM_INLINE I16x8 min(I16x8 a, I16x8 b) {
+  return {_mm_min_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x8 max(I16x8 a, I16x8 b) {
+  return {_mm_max_epi16(a.v, b.v)};
+}
+// -1 in the lanes where a > b as signed numbers, else 0.
+PXM_INLINE I16x8 greater(I16x8 a, I16x8 b) {
+  return {_mm_cmpgt_epi16(a.v, b.v)};
+}
+
+// The upper 16 bits of the 32-bit product, floor(a * b / 65536): of signed and of unsigned lanes.
+PXM_INLINE I16x8 LaneMulHi(I16x8 a, I16x8 b) {
+  return {_mm_mulhi_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x8 LaneMulHiU(I16x8 a, I16x8 b) {
+  return {_mm_mulhi_epu16(a.v, b.v)};
+}
+// The lower 16 bits.
+PXM_INLINE I16x8 mulLow(I16x8 a, I16x8 b) {
+  return {_mm_mullo_epi16(a.v, b.v)};
+}
+
+template <int n>
+PXM_INLINE I16x8 shiftLeft(I16x8 a) {
+  return {_mm_slli_epi16(a.v, n)};
+}
+template <int n>
+PXM_INLINE I16x8 shiftRight(I16x8 a) {  // arithmetic
+  return {_mm_srai_epi16(a.v, n)};
+}
+template <int n>
+PXM_INLINE I16x8 shiftRightLogical(I16x8 a) {
+  return {_mm_srli_epi16(a.v, n)};
+}
+PXM_INLINE I16x8 shiftLeft(I16x8 a, LaneShift s) {
+  return {_mm_sll_epi16(a.v, s.count)};
+}
+
+// n bytes from any address, in the low bytes of a register; the others are zero.
+template <int n>
+PXM_INLINE __m128i loadBytes(const uint8_t* p) {
+  if constexpr (n == 16) return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+  if constexpr (n == 8) return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+  if constexpr (n <= 4) {
+    uint32_t bits = 0;
+    memcpy(&bits, p, n);
+    return _mm_cvtsi32_si128(static_cast<int>(bits));
+  }
+}
+
+// The low eight bytes as the high bytes of lanes whose low bytes are zero.
+PXM_INLINE I16x8 inHighBytes(__m128i bytes) {
+  return {_mm_unpacklo_epi8(_mm_setzero_si128(), bytes)};
+}
+
+// Each of the low four bytes twice, side by side.
+PXM_INLINE __m128i doubled(__m128i bytes) {
+  return _mm_unpacklo_epi8(bytes, bytes);
+}
+
+// Words 0, 2, 4, 6 or words 1, 3, 5, 7, each twice, side by side.
+PXM_INLINE I16x8 evenWordsDoubled(I16x8 a) {
+  return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xA0), 0xA0)};
+}
+PXM_INLINE I16x8 oddWordsDoubled(I16x8 a) {
+  return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xF5), 0xF5)};
+}
+
+// Four 16-bit values, twice.
+template <class L>
+L repeated(const void* four);
+template <>
+PXM_INLINE I16x8 repeated<I16x8>(const void* four) {
+  const __m128i low = _mm_loadl_epi64(static_cast<const __m128i*>(four));
+  return {_mm_unpacklo_epi64(low, low)};
+}
+
+// Eight pixels of three bytes as three planes, samples in the high bytes.
+struct Planes8 {
+  I16x8 first, second, third;
+};
+
+// One round brings bytes i and i + 12 of 24 side by side; after three rounds the bytes of a plane
+// are neighbours. The 24 bytes lie in a and in the low half of b.
+PXM_INLINE void regroup(__m128i& a, __m128i& b) {
+  const __m128i from12 = _mm_or_si128(_mm_srli_si128(a, 12), _mm_slli_si128(b, 4));
+  b = _mm_unpackhi_epi8(a, from12);
+  a = _mm_unpacklo_epi8(a, from12);
+}
+
+PXM_INLINE Planes8 planesOfEight(const uint8_t* p) {
+  __m128i a = loadBytes<16>(p), b = loadBytes<8>(p + 16);
+  regroup(a, b);
+  regroup(a, b);
+  regroup(a, b);
+  const __m128i zero = _mm_setzero_si128();
+  return {{_mm_unpacklo_epi8(zero, a)}, {_mm_unpackhi_epi8(zero, a)}, {_mm_unpacklo_epi8(zero, b)}};
+}
+
+// The first n pixels to any address.
+template <int n>
+PXM_INLINE void storePixels(uint8_t* p, I16x8 pixels) {
+  if constexpr (n == 8) _mm_storeu_si128(reinterpret_cast<__m128i*>(p), pixels.v);
+  if constexpr (n == 4) _mm_storel_epi64(reinterpret_cast<__m128i*>(p), pixels.v);
+  if constexpr (n == 2) {
+    const int bits = _mm_cvtsi128_si32(pixels.v);
+    memcpy(p, &bits, sizeof bits);
+  }
+}
+
+PXM_TEXT_END
+
+#endif
