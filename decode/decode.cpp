@@ -4,8 +4,6 @@
 
 PXM_TEXT_BEGIN
 
-constexpr bool hasBlocks = false;
-
 // A row is its columns, from the first to the last.
 template <class Source, class Form, class Packer, class RestForm = Form>
 using Walked = Columns<Source, Form, Packer, RestForm>;

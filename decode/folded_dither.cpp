@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "decode/folded_dither.h"
 
+#include <initializer_list>
+
 #include "decode/dither_matrix.h"
 
 namespace pxm {
@@ -27,29 +29,41 @@ constexpr Levels levelsAt(int bits, int threshold) {
   return levels;
 }
 
-// The least factor that gives every level with this bias, or 0: each component leaves the factor an
-// interval.
-constexpr int factorFor(const Levels& levels, int scale, int shift, int bias) {
-  int64_t least = 1, most = 65535;
-  for (int v = 0; v < 256 && least <= most; ++v) {
-    const int64_t x = v * scale + bias;
-    const int64_t from = int64_t{levels.of[v]} << (16 + shift);
-    const int64_t to = (int64_t{levels.of[v] + 1} << (16 + shift)) - 1;
-    if (x == 0) {
-      if (from > 0) return 0;
-      continue;
-    }
-    if (least < (from + x - 1) / x) least = (from + x - 1) / x;
-    if (most > to / x) most = to / x;
+struct Interval {
+  int64_t least, most;
+  constexpr void narrow(int64_t from, int64_t to) {
+    if (least < from) least = from;
+    if (most > to) most = to;
   }
-  return least <= most ? static_cast<int>(least) : 0;
+};
+
+// The biases that give the levels of the components `from` to `to` - 1 with a factor.
+constexpr Interval biasesFor(const Levels& levels, int scale, int shift, int factor, int from,
+                             int to) {
+  Interval biases = {0, 65535 - 255 * scale};
+  for (int v = from; v < to && biases.least <= biases.most; ++v) {
+    const int64_t level = levels.of[v];
+    if (v > from && v + 1 < to && levels.of[v - 1] == level && levels.of[v + 1] == level) continue;
+    const int64_t first = ((level << (16 + shift)) + factor - 1) / factor;
+    const int64_t next = (((level + 1) << (16 + shift)) + factor - 1) / factor;
+    biases.narrow(first - v * scale, next - 1 - v * scale);
+  }
+  return biases;
 }
 
-constexpr Numbers fold(int bits, int scale, int shift, int threshold) {
+// A bias and a factor near the slope of the levels. `bend` comes off the bias from 128 on.
+constexpr Numbers fold(int bits, int scale, int shift, int threshold, int bend) {
   const Levels levels = levelsAt(bits, threshold);
-  const int mostBias = (512 * scale) >> bits;  // two levels
-  for (int bias = 0; bias < mostBias; ++bias)
-    if (const int factor = factorFor(levels, scale, shift, bias)) return {bias, factor};
+  const int slope = ((1 << bits) - 1) * (1 << (16 + shift)) / (256 * scale);
+  const int far = 8 + slope / 128;
+  for (int distance = 0; distance <= far; ++distance)
+    for (const int factor : {slope + distance, slope - distance}) {
+      Interval biases = biasesFor(levels, scale, shift, factor, 0, 128);
+      if (biases.least > biases.most) continue;
+      const Interval upper = biasesFor(levels, scale, shift, factor, 128, 256);
+      biases.narrow(upper.least + bend, upper.most + bend);
+      if (biases.least <= biases.most) return {static_cast<int>(biases.least), factor};
+    }
   return {0, 0};
 }
 
@@ -57,9 +71,12 @@ constexpr FoldedDither foldAll(int bits, int scale, int shift, const int32_t (&m
   FoldedDither folded = {};
   for (int row = 0; row < 4; ++row)
     for (int column = 0; column < 4; ++column) {
-      const Numbers n = fold(bits, scale, shift, matrix[row][column]);
-      folded.bias[row][column] = static_cast<uint16_t>(n.bias);
-      folded.factor[row][column] = static_cast<uint16_t>(n.factor);
+      const bool bends = bits == 6 && row == 0 && column == 2;
+      const Numbers n = fold(bits, scale, shift, matrix[row][column], bends ? foldedBend6 : 0);
+      for (const int lane : {column, column + 4}) {
+        folded.bias[row][lane] = static_cast<uint16_t>(n.bias);
+        folded.factor[row][lane] = static_cast<uint16_t>(n.factor);
+      }
     }
   return folded;
 }
@@ -77,8 +94,8 @@ constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
 constexpr FoldedDither folded4 = foldAll(4, foldedScale4, foldedShift4, matrix444);
 constexpr FoldedDither folded5 = foldAll(5, foldedScale5, foldedShift5, matrix555);
 constexpr FoldedDither folded6 = foldAll(6, foldedScale6, foldedShift6, matrix555);
-static_assert(placesWithout(folded4) == 0 && placesWithout(folded5) == 0);
-static_assert(placesWithout(folded6) == 1 && folded6.factor[0][2] == 0);
+static_assert(placesWithout(folded4) == 0 && placesWithout(folded5) == 0 &&
+              placesWithout(folded6) == 0);
 
 }  // namespace
 

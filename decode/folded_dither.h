@@ -13,16 +13,18 @@ namespace pxm {
 //
 //     level << shift, and a fraction below  =  upper half of (v * scale + bias) * factor
 //
-// The numbers are searched for by the compiler. One place of the 6-bit levels, row 0 and column 2,
-// has none: its thresholds lie on no straight line, and its factor is 0.
+// One place of the 6-bit levels, row 0 and column 2, has thresholds on no straight line, but on one
+// with a bend: there foldedBend6 comes off the bias where v is 128 or more. The numbers are
+// searched for by the compiler. Rows hold their four columns twice, as eight lanes.
 struct FoldedDither {
-  uint16_t bias[4][4];
-  uint16_t factor[4][4];
+  alignas(16) uint16_t bias[4][8];
+  alignas(16) uint16_t factor[4][8];
 };
 
 constexpr int foldedScale4 = 16, foldedShift4 = 0;
 constexpr int foldedScale5 = 16, foldedShift5 = 7;
 constexpr int foldedScale6 = 128, foldedShift6 = 5;
+constexpr int foldedBend6 = 32;
 extern const FoldedDither foldedDither4, foldedDither5, foldedDither6;
 
 }  // namespace pxm

@@ -9,7 +9,7 @@
 
 PXM_TEXT_BEGIN
 
-// What a chroma pair adds to each component, in sixteenths of a level.
+// What a chroma pair adds to red and blue and takes from green, in sixteenths of a level.
 template <class L>
 struct LaneTerms {
   L red, green, blue;
@@ -29,7 +29,7 @@ PXM_INLINE L clampToTwelveBits(L sixteenths) {
 
 template <class L>
 PXM_INLINE LaneChannels<L> join(L luma, const LaneTerms<L>& t) {
-  return {clampToTwelveBits(luma + t.red), clampToTwelveBits(luma + t.green),
+  return {clampToTwelveBits(luma + t.red), clampToTwelveBits(luma - t.green),
           clampToTwelveBits(luma + t.blue)};
 }
 
@@ -51,7 +51,7 @@ struct NarrowChain {
   PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
     const L u = shiftRight<1>(centred(cb)), v = centred(cr);
     return {LaneMulHi(v, all<L>(13074 / 2)),
-            all<L>(0) - LaneMulHi(v, all<L>(6660 / 2)) - LaneMulHi(u, all<L>(3211)),
+            LaneMulHi(v, all<L>(6660 / 2)) + LaneMulHi(u, all<L>(3211)),
             LaneMulHi(u, all<L>(16523))};
   }
 };
@@ -72,8 +72,7 @@ struct StagedYuvChain {
   template <class L>
   PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
     const L u = shiftRight<1>(centred(cb)), v = shiftRight<1>(centred(cr));
-    return {LaneMulHi(v, all<L>(9338)),
-            all<L>(0) - LaneMulHi(u, all<L>(3227)) - LaneMulHi(v, all<L>(4759)),
+    return {LaneMulHi(v, all<L>(9338)), LaneMulHi(u, all<L>(3227)) + LaneMulHi(v, all<L>(4759)),
             LaneMulHi(u, all<L>(16646))};
   }
 };

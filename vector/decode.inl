@@ -48,6 +48,11 @@ PXM_INLINE LaneChroma chromaLanes(const PackedRow422& source, ptrdiff_t x) {
   return {evenWordsDoubled(words), oddWordsDoubled(words)};
 }
 
+template <class SourceRows>
+constexpr bool sharesInPairs = false;
+template <int rows>
+constexpr bool sharesInPairs<PlanarRows<rows, 1>> = true;
+
 // The rows that share a row of chroma. Blocks of a family cover its columns as its cut tells.
 template <class SourceRows, class Form, class Packer, class RestForm>
 struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
@@ -59,7 +64,29 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
     const LaneChroma c = chromaLanes<n>(this->source, x);
-    const LaneTerms<I16x8> terms = Chain::chroma(c.cb, c.cr);
+    pixels<n>(x, Chain::chroma(c.cb, c.cr));
+  }
+
+  // Two blocks of eight. Where pairs of pixels share a sample, eight samples serve both, and their
+  // terms are doubled instead of them.
+  PXM_INLINE void twoBlocks(ptrdiff_t x) const {
+    if constexpr (sharesInPairs<SourceRows>) {
+      const LaneTerms<I16x8> t =
+          Chain::chroma(inHighBytes(loadBytes<8>(this->source.cb + (x >> 1))),
+                        inHighBytes(loadBytes<8>(this->source.cr + (x >> 1))));
+      pixels<8>(x, LaneTerms<I16x8>{lowLanesDoubled(t.red), lowLanesDoubled(t.green),
+                                    lowLanesDoubled(t.blue)});
+      pixels<8>(x + 8, LaneTerms<I16x8>{highLanesDoubled(t.red), highLanesDoubled(t.green),
+                                        highLanesDoubled(t.blue)});
+    } else {
+      block<8>(x);
+      block<8>(x + 8);
+    }
+  }
+
+  // The rows of one block, upper first.
+  template <int n>
+  PXM_INLINE void pixels(ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
     for (int row = 0; row < Scalar::rowCount; ++row) {
       const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[row].number);
       const I16x8 luma = Chain::luma(lumaLanes<n>(this->source, row, x));
@@ -84,9 +111,19 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
     const Planes8 p = planesOfEight(this->source.samples + 3 * x);
+    pixels(x, p.first, p.second, p.third);
+  }
+
+  PXM_INLINE void twoBlocks(ptrdiff_t x) const {
+    const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
+    pixels(x, inHighBytes(p.first), inHighBytes(p.second), inHighBytes(p.third));
+    pixels(x + 8, upperInHighBytes(p.first), upperInHighBytes(p.second), upperInHighBytes(p.third));
+  }
+
+  PXM_INLINE void pixels(ptrdiff_t x, I16x8 y, I16x8 cb, I16x8 cr) const {
     const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[0].number);
-    const LaneTerms<I16x8> terms = Chain::chroma(p.second, p.third);
-    storePixels<n>(this->out[0].pixels + 2 * x, packer.pack(join(Chain::luma(p.first), terms)));
+    storePixels<8>(this->out[0].pixels + 2 * x,
+                   packer.pack(join(Chain::luma(y), Chain::chroma(cb, cr))));
   }
 };
 

@@ -50,7 +50,7 @@ template <class L>
 struct FoldedRow {
   L bias, factor;
   PXM_INLINE FoldedRow(const FoldedDither& folded, int row)
-      : bias(repeated<L>(folded.bias[row & 3])), factor(repeated<L>(folded.factor[row & 3])) {}
+      : bias(loadLanes<L>(folded.bias[row & 3])), factor(loadLanes<L>(folded.factor[row & 3])) {}
 
   // The level, shifted as the folded dither tells, of a scaled component.
   PXM_INLINE L level(L scaled) const { return LaneMulHiU(scaled + bias, factor); }
@@ -74,21 +74,14 @@ PXM_INLINE L ditherField5(L twelve, const FoldedRow<L>& row) {
   return shiftRightLogical<foldedShift5>(row.level(wholeLevels(twelve)));
 }
 
-// Six bits, at bit 5.
+// Six bits, at bit 5, of rows 1 to 3 and, with its bend, of row 0.
 template <class L>
-PXM_INLINE L ditherField6(L twelve, const FoldedRow<L>& row) {
-  static_assert(foldedScale6 == 128 && foldedShift6 == 5);
-  return row.level(shiftLeft<3>(twelve) & all<L>(0x7F80)) & all<L>(0x7E0);
-}
-
-// The same for row 0, which no folded dither serves: the level below, raised where the residue
-// exceeds the halved threshold. The product wraps, the residue lies in the signed range.
-template <class L>
-PXM_INLINE L ditherField6OfRow0(L twelve) {
-  static constexpr int16_t thresholds[4] = {0, 1118 >> 1, 279 >> 1, 1398 >> 1};
-  const L v = shiftLeft<4>(wholeLevels(twelve));
-  const L q = shiftRightLogical<8>(LaneMulHiU(v, all<L>(63 << 8)));
-  return shiftLeft<5>(q - greater(v - mulLow(q, all<L>(1036)), repeated<L>(thresholds)));
+PXM_INLINE L ditherField6(L twelve, const FoldedRow<L>& row, bool isRow0) {
+  static_assert(foldedScale6 == 128 && foldedShift6 == 5 && foldedBend6 == 2048 >> 6);
+  static constexpr int16_t bends[8] = {0, 0, foldedBend6, 0, 0, 0, foldedBend6, 0};
+  L scaled = shiftLeft<3>(twelve) & all<L>(0x7F80);
+  if (isRow0) scaled = scaled - (shiftRightLogical<6>(twelve) & loadLanes<L>(bends));
+  return row.level(scaled) & all<L>(0x7E0);
 }
 
 // The dither of one row.
@@ -115,8 +108,7 @@ struct LanePackDither : LaneFields<depth> {
   template <class L>
   PXM_INLINE L greenField(L green, const FoldedRow<L>& five) const {
     if constexpr (depth == 555) return shiftLeft<5>(ditherField5(green, five));
-    if (row == 0) return ditherField6OfRow0(green);
-    return ditherField6(green, FoldedRow<L>(foldedDither6, row));
+    return ditherField6(green, FoldedRow<L>(foldedDither6, row), row == 0);
   }
 };
 

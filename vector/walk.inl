@@ -32,8 +32,10 @@ template <class Row>
 PXM_INLINE void walk(const Row& row, int width) {
   constexpr Cut cut = Row::cut;
   ptrdiff_t x = 0;
-  for (const ptrdiff_t end = width & cut.bound; x < end; x += cut.main)
-    row.template block<cut.main>(x);
+  const ptrdiff_t end = width & cut.bound;
+  if constexpr (cut.main == 8)
+    for (; x + 16 <= end; x += 16) row.twoBlocks(x);
+  for (; x < end; x += cut.main) row.template block<cut.main>(x);
   if constexpr (cut.second != 0)
     if (width & cut.second) {
       row.template block<cut.second>(x);

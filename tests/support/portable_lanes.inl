@@ -62,9 +62,6 @@ inline I16xPortable min(I16xPortable a, I16xPortable b) {
 inline I16xPortable max(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return x > y ? x : y; });
 }
-inline I16xPortable greater(I16xPortable a, I16xPortable b) {
-  return each(a, b, [](int x, int y) { return x > y ? -1 : 0; });
-}
 inline I16xPortable LaneMulHi(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return x * y >> 16; });
 }
@@ -73,10 +70,6 @@ inline I16xPortable LaneMulHiU(I16xPortable a, I16xPortable b) {
     return static_cast<int>(static_cast<int64_t>(unsignedOf(x)) * unsignedOf(y) >> 16);
   });
 }
-inline I16xPortable mulLow(I16xPortable a, I16xPortable b) {
-  return each(a, b, [](int x, int y) { return x * y; });
-}
-
 template <int n>
 I16xPortable shiftLeft(I16xPortable a) {
   return each(a, a, [](int x, int) { return unsignedOf(x) << n; });
@@ -94,12 +87,11 @@ inline I16xPortable shiftLeft(I16xPortable a, LaneShift s) {
 }
 
 template <class L>
-L repeated(const void* four);
+L loadLanes(const void* p);
 template <>
-inline I16xPortable repeated<I16xPortable>(const void* four) {
+inline I16xPortable loadLanes<I16xPortable>(const void* p) {
   I16xPortable r;
-  memcpy(r.e, four, 8);
-  memcpy(r.e + 4, four, 8);
+  memcpy(r.e, p, sizeof r.e);
   return r;
 }
 

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The five kernels of 256-bit lanes: plain 4:2:0 to BGR, and plain interleaved 4:2:2 to BGR555 and
-// BGR565. Their RGB twins stay on 128 bits. Main blocks of 16 columns, one of 8, then the scalar
-// tail.
+// Rows of pixels in 256-bit lanes: main blocks of 16 columns, one of 8, then the scalar tail.
 #ifndef PXM_VECTOR_AVX2_WIDE_INL
 #define PXM_VECTOR_AVX2_WIDE_INL
 
-#include "decode/kernels.inl"
 #include "vector/avx2/lanes.inl"
+#include "vector/blocks.inl"
 
 PXM_TEXT_BEGIN
 
@@ -39,7 +37,7 @@ struct WideRows420 : Blocks420<Packer> {
     const I16x16 c = shiftLeft<7>(widened(crCb) - all<I16x16>(128));
     const I16x16 redBlue = LaneMulHi(c, halves(13074, 16523));
     const I16x16 greens = LaneMulHi(c, halves(6660, 3211));
-    const I16x8 green = all<I16x8>(0) - lowHalf(greens) - highHalf(greens);
+    const I16x8 green = lowHalf(greens) + highHalf(greens);
     const LaneTerms<I16x16> terms = {doubled(lowHalf(redBlue)), doubled(green),
                                      doubled(highHalf(redBlue))};
     const LanePackPlain<Packer::depth> packer(this->packer, 0);
@@ -92,40 +90,13 @@ struct WideRow422 : Blocks422<Packer> {
     const I16x16 c = shiftLeft<7>(shiftRightLogical<8>(words) - all<I16x16>(128));
     const I16x16 blueRed = LaneMulHi(c, alternating(16523, 13074));
     const I16x16 greens = LaneMulHi(c, alternating(3211, 6660));
-    const LaneTerms<I16x16> terms = {
-        oddWordsDoubled(blueRed),
-        all<I16x16>(0) - evenWordsDoubled(greens) - oddWordsDoubled(greens),
-        evenWordsDoubled(blueRed)};
+    const LaneTerms<I16x16> terms = {oddWordsDoubled(blueRed),
+                                     evenWordsDoubled(greens) + oddWordsDoubled(greens),
+                                     evenWordsDoubled(blueRed)};
     const LanePackPlain<Packer::depth> packer(this->packer, 0);
     storePixels(this->out[0].pixels + 2 * x, packer.pack(join(luma, terms)));
   }
 };
-
-// Runs a driver in the order BGR, and leaves the upper halves of the registers clean.
-template <class Driver>
-struct WideBgr {
-  PXM_KERNEL static void run(const typename Driver::Arguments& a, int dstPitch) {
-    Driver::convert(a, dstPitch, 1);
-    _mm256_zeroupper();
-  }
-};
-
-template <int depth>
-using Wide420 = WideBgr<DecodePairs<WideRows420<PackPlain<depth>>,
-                                    Columns<PlanarRows<1, 1>, DecodeStaged, PackPlain<depth>>>>;
-template <int depth>
-using Wide422 = WideBgr<DecodeRows<PackedImage<PackedRow422LastCr>, WideRow422<PackPlain<depth>>>>;
-
-template <>
-struct KernelOf<YCbCr420To444, Order::Bgr> : Wide420<444> {};
-template <>
-struct KernelOf<YCbCr420To555, Order::Bgr> : Wide420<555> {};
-template <>
-struct KernelOf<YCbCr420To565, Order::Bgr> : Wide420<565> {};
-template <>
-struct KernelOf<YCbCr422C2To555, Order::Bgr> : Wide422<555> {};
-template <>
-struct KernelOf<YCbCr422C2To565, Order::Bgr> : Wide422<565> {};
 
 PXM_TEXT_END
 

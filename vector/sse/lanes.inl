@@ -52,11 +52,6 @@ PXM_INLINE I16x8 min(I16x8 a, I16x8 b) {
 PXM_INLINE I16x8 max(I16x8 a, I16x8 b) {
   return {_mm_max_epi16(a.v, b.v)};
 }
-// -1 in the lanes where a > b as signed numbers, else 0.
-PXM_INLINE I16x8 greater(I16x8 a, I16x8 b) {
-  return {_mm_cmpgt_epi16(a.v, b.v)};
-}
-
 // The upper 16 bits of the 32-bit product, floor(a * b / 65536): of signed and of unsigned lanes.
 PXM_INLINE I16x8 LaneMulHi(I16x8 a, I16x8 b) {
   return {_mm_mulhi_epi16(a.v, b.v)};
@@ -64,11 +59,6 @@ PXM_INLINE I16x8 LaneMulHi(I16x8 a, I16x8 b) {
 PXM_INLINE I16x8 LaneMulHiU(I16x8 a, I16x8 b) {
   return {_mm_mulhi_epu16(a.v, b.v)};
 }
-// The lower 16 bits.
-PXM_INLINE I16x8 mulLow(I16x8 a, I16x8 b) {
-  return {_mm_mullo_epi16(a.v, b.v)};
-}
-
 template <int n>
 PXM_INLINE I16x8 shiftLeft(I16x8 a) {
   return {_mm_slli_epi16(a.v, n)};
@@ -107,6 +97,14 @@ PXM_INLINE __m128i doubled(__m128i bytes) {
   return _mm_unpacklo_epi8(bytes, bytes);
 }
 
+// Lanes 0 to 3 or 4 to 7, each twice, side by side.
+PXM_INLINE I16x8 lowLanesDoubled(I16x8 a) {
+  return {_mm_unpacklo_epi16(a.v, a.v)};
+}
+PXM_INLINE I16x8 highLanesDoubled(I16x8 a) {
+  return {_mm_unpackhi_epi16(a.v, a.v)};
+}
+
 // Words 0, 2, 4, 6 or words 1, 3, 5, 7, each twice, side by side.
 PXM_INLINE I16x8 evenWordsDoubled(I16x8 a) {
   return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xA0), 0xA0)};
@@ -115,13 +113,11 @@ PXM_INLINE I16x8 oddWordsDoubled(I16x8 a) {
   return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xF5), 0xF5)};
 }
 
-// Four 16-bit values, twice.
 template <class L>
-L repeated(const void* four);
+L loadLanes(const void* p);
 template <>
-PXM_INLINE I16x8 repeated<I16x8>(const void* four) {
-  const __m128i low = _mm_loadl_epi64(static_cast<const __m128i*>(four));
-  return {_mm_unpacklo_epi64(low, low)};
+PXM_INLINE I16x8 loadLanes<I16x8>(const void* p) {
+  return {_mm_loadu_si128(static_cast<const __m128i*>(p))};
 }
 
 // Eight pixels of three bytes as three planes, samples in the high bytes.
@@ -144,6 +140,38 @@ PXM_INLINE Planes8 planesOfEight(const uint8_t* p) {
   regroup(a, b);
   const __m128i zero = _mm_setzero_si128();
   return {{_mm_unpacklo_epi8(zero, a)}, {_mm_unpackhi_epi8(zero, a)}, {_mm_unpacklo_epi8(zero, b)}};
+}
+
+// The same of sixteen pixels: bytes i and i + 24 of 48 come side by side in each of four rounds,
+// the first of which is done by the loads.
+struct Planes16 {
+  __m128i first, second, third;
+
+  PXM_INLINE static __m128i upper(__m128i a) { return _mm_unpackhi_epi64(a, a); }
+  PXM_INLINE void regroup() {
+    const __m128i a = _mm_unpacklo_epi8(first, upper(second));
+    const __m128i b = _mm_unpacklo_epi8(upper(first), third);
+    third = _mm_unpacklo_epi8(second, upper(third));
+    first = a;
+    second = b;
+  }
+};
+
+PXM_INLINE __m128i sideBySide(const uint8_t* p, const uint8_t* q) {
+  return _mm_unpacklo_epi8(loadBytes<8>(p), loadBytes<8>(q));
+}
+
+PXM_INLINE Planes16 planesOfSixteen(const uint8_t* p) {
+  Planes16 planes = {sideBySide(p, p + 24), sideBySide(p + 8, p + 32), sideBySide(p + 16, p + 40)};
+  planes.regroup();
+  planes.regroup();
+  planes.regroup();
+  return planes;
+}
+
+// The upper eight bytes as inHighBytes takes the lower.
+PXM_INLINE I16x8 upperInHighBytes(__m128i bytes) {
+  return {_mm_unpackhi_epi8(_mm_setzero_si128(), bytes)};
 }
 
 // The first n pixels to any address.
