@@ -31,29 +31,34 @@ Sharing sharingOf(const Conversion& c) {
 }
 
 // An image of 2^24 pixels in which each triple stands once. Groups take chroma pairs in a scrambled
-// order, so that neighbours differ in all samples and none keeps step with the columns.
+// order, so that neighbours differ in all samples and none keeps step with the columns. A shift of
+// 0 to 15 moves each triple to another of sixteen columns.
 struct AllTriples {
   int width, height;
   Sharing sharing;
   std::vector<std::uint8_t> y, cb, cr;  // of pixels, of groups
 
-  AllTriples(int imageWidth, const Sharing& s)
+  AllTriples(int imageWidth, const Sharing& s, int shift = 0)
       : width(imageWidth),
         height(static_cast<int>(tripleCount) / imageWidth),
         sharing(s),
         y(tripleCount),
         cb(tripleCount / static_cast<unsigned>(s.columns * s.rows)),
         cr(cb.size()) {
-    const int groupsInRow = width / s.columns, perGroup = s.columns * s.rows;
+    const int groupsInRow = width / s.columns;
+    const auto perGroup = static_cast<unsigned>(s.columns * s.rows);
     for (std::uint32_t g = 0; g < cb.size(); ++g) {
       const std::uint32_t order = g * 0x9E3779B1u & static_cast<std::uint32_t>(cb.size() - 1);
-      cb[g] = static_cast<std::uint8_t>(order);
-      cr[g] = static_cast<std::uint8_t>(order >> 8);
-      const int firstRow = static_cast<int>(g) / groupsInRow * s.rows,
-                firstColumn = static_cast<int>(g) % groupsInRow * s.columns;
-      for (int i = 0; i < perGroup; ++i)
-        at(firstRow + i / s.columns, firstColumn + i % s.columns) = static_cast<std::uint8_t>(
-            (order >> 16) * static_cast<unsigned>(perGroup) + static_cast<unsigned>(i));
+      const int row = static_cast<int>(g) / groupsInRow,
+                column = (static_cast<int>(g) + shift / s.columns) % groupsInRow;
+      const std::size_t place = group(row * s.rows, column * s.columns);
+      cb[place] = static_cast<std::uint8_t>(order);
+      cr[place] = static_cast<std::uint8_t>(order >> 8);
+      for (unsigned i = 0; i < perGroup; ++i)
+        at(row * s.rows + static_cast<int>(i) / s.columns,
+           column * s.columns + static_cast<int>(i) % s.columns) =
+            static_cast<std::uint8_t>((order >> 16) * perGroup +
+                                      (i + static_cast<unsigned>(shift)) % perGroup);
     }
   }
 
@@ -98,8 +103,8 @@ class DecodeExhaustive : public testing::TestWithParam<Conversion> {
     return pixels;
   }
 
-  static void expectAllTriples(const Conversion& c, int width, bool inBlocks) {
-    AllTriples image(width, sharingOf(c));
+  static void expectAllTriples(const Conversion& c, int width, bool inBlocks, int shift = 0) {
+    const AllTriples image(width, sharingOf(c), shift);
     const bool packed = image.sharing.packed444 || image.sharing.packed422;
     const std::vector<std::uint8_t> bytes =
         packed ? image.interleaved() : std::vector<std::uint8_t>();
@@ -138,6 +143,28 @@ TEST_P(DecodeExhaustive, AllTriplesThroughTheTail) {
   if (GetParam().has("YUV420") || GetParam().has("411")) GTEST_SKIP() << "has no tail of groups";
   expectAllTriples(GetParam(), 2, false);
 }
+
+// Each way to load, and each chain, at each of the sixteen columns that are worked on at once.
+class EveryBlockPosition : public DecodeExhaustive {};
+
+TEST_P(EveryBlockPosition, AllTriples) {
+  for (int shift = 1; shift < 16; ++shift) {
+    SCOPED_TRACE(shift);
+    ASSERT_NO_FATAL_FAILURE(expectAllTriples(GetParam(), 4096, true, shift));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(, EveryBlockPosition,
+                         testing::Values(conversionNamed("YCbCrToBGR565_8u16u_P3C3R"),
+                                         conversionNamed("YCbCrToBGR565_8u16u_C3R"),
+                                         conversionNamed("YCbCr422ToBGR565_8u16u_P3C3R"),
+                                         conversionNamed("YCbCr422ToBGR565_8u16u_C2C3R"),
+                                         conversionNamed("YCbCr422ToRGB565_8u16u_C2C3R"),
+                                         conversionNamed("YCbCr420ToBGR565_8u16u_P3C3R"),
+                                         conversionNamed("YCbCr420ToRGB565_8u16u_P3C3R"),
+                                         conversionNamed("YUV420ToBGR565_8u16u_P3C3R"),
+                                         conversionNamed("YCbCr411ToBGR565_8u16u_P3C3R")),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(, DecodeExhaustive, testing::ValuesIn(conversionsOf(Kind::Decode)),
                          [](const auto& info) { return std::string(info.param.name); });

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// How the variants' decoders agree with one another: m7, u8, n8, y8 and e9 give one result for
+// every conversion, and l9 gives it but for two.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "tests/support/calls.h"
+#include "tests/support/random.h"
+#include "tests/support/variants.h"
+
+namespace {
+
+constexpr int width = 203, height = 7, pitch = 3 * width + 2, planeBytes = pitch * (height + 1);
+
+// What a variant makes of random samples, the margins of its destination included.
+std::vector<std::uint8_t> decodedBy(int variant, const Conversion& conversion) {
+  const SelectedVariant selected(variant);
+  Random random{std::string(conversion.name)};
+  std::vector<std::uint8_t> source(3 * planeBytes), out(planeBytes, 0x5A);
+  random.fill(source.data(), source.size());
+  CallArguments a = {};
+  for (int i = 0; i < 3; ++i) {
+    a.src[i] = source.data() + i * planeBytes;
+    a.srcStep[i] = pitch;
+  }
+  a.dst[0] = out.data();
+  a.dstStep[0] = pitch;
+  a.size = {width, height};
+  EXPECT_GE(conversion.call(a), 0);
+  return out;
+}
+
+bool isOfL9Alone(const Conversion& c) {
+  return c.name == "YCbCr422ToBGR555_8u16u_C2C3R" || c.name == "YCbCr422ToBGR565_8u16u_C2C3R";
+}
+
+TEST(Variants, OfVectorDecodersAgreeButForTwoOfL9) {
+  SCOPED_TRACE(seedMessage());
+  const std::vector<int> runnable = runnableVariants();
+  if (std::ranges::count(runnable, 1) == 0) GTEST_SKIP() << "needs m7";
+  for (const Conversion& conversion : conversionsOf(Kind::Decode)) {
+    const std::vector<std::uint8_t> first = decodedBy(1, conversion);
+    for (const int variant : runnable)
+      if (variant > 1) {
+        EXPECT_EQ(decodedBy(variant, conversion) == first, variant != 6 || !isOfL9Alone(conversion))
+            << conversion.name << " " << variantTags[variant];
+      }
+  }
+}
+
+// Planar 4:4:4, planar 4:2:2, 4:2:0 and everything dithered equal plain code; the others differ.
+TEST(Variants, OfVectorDecodersEqualPlainCodeWhereTheirChainIsItsForm) {
+  SCOPED_TRACE(seedMessage());
+  const std::vector<int> runnable = runnableVariants();
+  if (std::ranges::count(runnable, 1) == 0) GTEST_SKIP() << "needs m7";
+  for (const Conversion& c : conversionsOf(Kind::Decode)) {
+    const bool ownForm =
+        !c.has("Dither") && (c.has("YUV") || c.has("411") || c.has("_C2C3R") || c.has("8u16u_C3R"));
+    // Under dither an odd corner is followed by two more pixels.
+    const bool overruns = c.has("Dither") && c.has("420");
+    EXPECT_EQ(decodedBy(1, c) == decodedBy(0, c), !ownForm && !overruns) << c.name;
+  }
+}
+
+}  // namespace
