@@ -172,7 +172,7 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   for (const Conversion& conversion : conversions())
     for (const ImageSize& size : sizes) {
-      std::vector<int> variants = variantsToTest(conversion);
+      std::vector<int> variants = runnableVariants();
       variants.push_back(-1);
       for (const int variant : variants)
         benchmark::RegisterBenchmark(nameOf(conversion, variant, size).c_str(),

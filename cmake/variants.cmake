@@ -31,14 +31,24 @@ function(pxm_add_objects name)
   set_property(GLOBAL APPEND PROPERTY PXM_OBJECT_LIBRARIES ${name})
 endfunction()
 
-# The units of one variant, compiled with its tag at its level. `text` is what makes it differ from
-# its neighbours; plain code has none. A unit is compiled at the level that its kernels use, not at
-# that of the processor: compilers put what they are given everywhere.
-function(pxm_add_variant tag text level)
-  pxm_add_objects(variant_${tag} ${ARGN})
-  target_compile_definitions(variant_${tag} PRIVATE PXM_VARIANT=${tag})
+# Units of a variant, compiled with its tag. `text` is what makes it differ from its neighbours;
+# plain code has none. A unit is compiled at the level that its kernels use, not at that of the
+# processor: compilers put what they are given everywhere.
+function(pxm_add_units name tag text level)
+  pxm_add_objects(${name} ${ARGN})
+  target_compile_definitions(${name} PRIVATE PXM_VARIANT=${tag})
   if(text)
-    target_compile_definitions(variant_${tag} PRIVATE PXM_VARIANT_TEXT="${text}")
+    target_compile_definitions(${name} PRIVATE PXM_VARIANT_TEXT="${text}")
   endif()
-  target_compile_options(variant_${tag} PRIVATE ${PXM_KERNEL_FLAGS} ${level})
+  target_compile_options(${name} PRIVATE ${PXM_KERNEL_FLAGS} ${level})
+endfunction()
+
+# A variant in lanes, with further units of its own. Its depth conversions have a level of their own.
+function(pxm_vector_variant tag text level depth_level)
+  pxm_add_units(variant_${tag} ${tag} ${text} "${level}"
+    vector/decode.cpp
+    vector/encode.cpp
+    vector/twist.cpp
+    ${ARGN})
+  pxm_add_units(variant_${tag}_depth ${tag} ${text} "${depth_level}" vector/depth.cpp)
 endfunction()

@@ -9,13 +9,6 @@
 
 PXM_TEXT_BEGIN
 
-// Some oddities of odd sizes belong to the variants that work in blocks.
-#ifdef PXM_VARIANT_TEXT
-constexpr bool hasBlocks = true;
-#else
-constexpr bool hasBlocks = false;
-#endif
-
 // Every row on its own, and no row special.
 template <class Image, class Row>
 struct DecodeRows {

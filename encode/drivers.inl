@@ -18,7 +18,7 @@ struct EncodeRows {
   PXM_KERNEL static void run(const Arguments& a) {
     const Image target(a);
     for (int y = 0; y < a.height; ++y)
-      walk(Row{{rowAt(bytesOf(a.src), y, a.srcStep)}, target.row(y)}, a.width);
+      walk(Row{target.row(y), {rowAt(bytesOf(a.src), y, a.srcStep)}}, a.width);
   }
 };
 
@@ -52,7 +52,7 @@ struct EncodePairs {
     const int pairs = a.height >> 1;
     for (int n = 0; n < pairs; ++n) {
       const uint8_t* const upper = rowAt(bytesOf(a.src), n, pairPitch);
-      walk(PairRow{{upper, upper + LowerRow::offset(a.srcStep)}, target.pair(n)}, a.width);
+      walk(PairRow{target.pair(n), {upper, upper + LowerRow::offset(a.srcStep)}}, a.width);
     }
     if (a.height & 1)
       LastRow::encode(rowAt(bytesOf(a.src), pairs, pairPitch), target.lumaRow(2 * pairs), a.width);

@@ -22,8 +22,8 @@ struct Groups {
   static constexpr int columns = TargetRow::columns;
   using Group = GroupOf<rowCount * columns>;
 
-  const uint8_t* source[rowCount];
   TargetRow target;
+  const uint8_t* source[rowCount];
 
   // The columns x to width - 1, from left to right. x starts a group.
   PXM_INLINE void tail(ptrdiff_t x, ptrdiff_t width) const {

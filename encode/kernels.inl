@@ -30,12 +30,13 @@ using ToYCbCr422C2 =
 using Bgr555ToYCbCr422C2 = ToYCbCr422C2<UnpackBgr555>;
 using Bgr565ToYCbCr422C2 = ToYCbCr422C2<UnpackBgr565>;
 
-// YCbCr 4:1:1: leftover columns are not touched.
-template <class Pixels>
+// YCbCr 4:1:1: leftover columns are not touched. Required: but for those of BGR555 in the variants
+// with blocks, which get their luma.
+template <class Pixels, Rest rest>
 using ToYCbCr411P3 =
-    EncodeRows<TargetRows<2>, Encoded<Pixels, PlanarTarget<1, 2>, YCbCrGroup, Rest::Untouched>>;
-using Bgr555ToYCbCr411P3 = ToYCbCr411P3<UnpackBgr555>;
-using Bgr565ToYCbCr411P3 = ToYCbCr411P3<UnpackBgr565>;
+    EncodeRows<TargetRows<2>, Encoded<Pixels, PlanarTarget<1, 2>, YCbCrGroup, rest>>;
+using Bgr555ToYCbCr411P3 = ToYCbCr411P3<UnpackBgr555, hasBlocks ? Rest::Luma : Rest::Untouched>;
+using Bgr565ToYCbCr411P3 = ToYCbCr411P3<UnpackBgr565, Rest::Untouched>;
 
 // YUV: leftover columns and rows are not touched. Required: from RGB565 the lower row of a pair is
 // one exact pitch down.

@@ -76,16 +76,8 @@ LazyStartThunk:
         .size   \prefix\name, . - \prefix\name
         .endm
 
-/* Refuses to assemble a table that has not exactly seven slots. */
-        .macro  STUB_OF_SEVEN prefix, name, mx:req, m7:req, u8:req, n8:req, y8:req, e9:req, l9:req
-        STUB    \prefix, \name, \mx, \m7, \u8, \n8, \y8, \e9, \l9
-        .endm
-
-#define DISPATCHED_SERVICE(name) STUB_OF_SEVEN legacy90pxmcc, name, PXM_EACH_VARIANT
-#define DECODE(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_DECODE_SLOTS
-#define ENCODE(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_ENCODE_SLOTS
-#define DEPTH(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_DEPTH_SLOTS
-#define TWIST(name, ...) STUB_OF_SEVEN legacy90pxmi, name, PXM_TWIST_SLOTS
+#define DISPATCHED_SERVICE(name) STUB legacy90pxmcc, name, PXM_EACH_VARIANT
+#define CONVERSION(name, family) STUB legacy90pxmi, name, PXM_EACH_VARIANT
 #include "frame/conversions.def"
 
         .section .note.GNU-stack, "", @progbits

@@ -36,4 +36,13 @@
 #define PXM_KERNEL [[gnu::noinline, gnu::noclone]]
 #endif
 
+PXM_TEXT_BEGIN
+// Some oddities of odd sizes belong to the variants that work in blocks.
+#ifdef PXM_VARIANT_TEXT
+constexpr bool hasBlocks = true;
+#else
+constexpr bool hasBlocks = false;
+#endif
+PXM_TEXT_END
+
 #endif

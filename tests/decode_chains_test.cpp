@@ -5,9 +5,8 @@
 
 #include "tests/oracle/oracle.h"
 #include "tests/support/portable_lanes.inl"
-#include "vector/chains.inl"
+#include "vector/forms.inl"
 #include "vector/packers.inl"
-#include "vector/walk.inl"
 
 namespace pxm::portable {
 namespace {

@@ -25,7 +25,7 @@ TEST_P(Geometry, WidthsTo40ByHeightsTo6) {
   Random random{std::string(conversion.name)};
   CallMemory memory(mostWidth, mostHeight, mostPadding);
   std::size_t turn = 0;
-  for (const int variant : variantsToTest(conversion))
+  for (const int variant : runnableVariants())
     for (int width = least.width; width <= mostWidth; ++width)
       for (int height = least.height; height <= mostHeight; ++height) {
         const std::vector<Layout> layouts = layoutsOf(conversion, width, height);
@@ -41,6 +41,14 @@ INSTANTIATE_TEST_SUITE_P(, Geometry, testing::ValuesIn(conversions()),
 // Rows that overlap, and pitches of zero: the destination is what rows from top to bottom leave.
 class Overlap : public testing::TestWithParam<Conversion> {};
 
+// Where two rows are encoded at once, which of them a shared byte keeps is a matter of the blocks.
+std::vector<int> variantsWithRowsInOrder(const Conversion& conversion) {
+  std::vector<int> variants = runnableVariants();
+  if (conversion.kind == Kind::Encode && conversion.has("420_"))
+    std::erase_if(variants, [](int variant) { return variant > 0; });
+  return variants;
+}
+
 TEST_P(Overlap, RowsAreWrittenInOrder) {
   constexpr int mostWidth = 19, mostHeight = 5;
   SCOPED_TRACE(seedMessage());
@@ -48,7 +56,7 @@ TEST_P(Overlap, RowsAreWrittenInOrder) {
   const pxmSize least = leastSize(conversion);
   Random random{std::string(conversion.name)};
   CallMemory memory(mostWidth, mostHeight, mostPadding);
-  for (const int variant : variantsToTest(conversion))
+  for (const int variant : variantsWithRowsInOrder(conversion))
     for (int width = least.width; width <= mostWidth; ++width)
       for (int height = least.height; height <= mostHeight; ++height)
         for (const int padding : {-2 * width, -width, -width / 2, -2, -1})

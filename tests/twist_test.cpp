@@ -69,7 +69,7 @@ Samples manySamples() {
 
 void expectLikeOracleInEveryMode(const Matrix& matrix, const std::string& what) {
   static const Samples samples = manySamples();
-  for (const int variant : variantsToTest(conversionNamed("ColorTwist32f_8s_C3R"))) {
+  for (const int variant : runnableVariants()) {
     const SelectedVariant selected(variant);
     for (const unsigned mode : roundingModes) {
       const RoundingMode inMode(mode);
@@ -196,7 +196,7 @@ TEST(Twist, InPlaceUsesTheSamplesThatWereThere) {
 }
 
 TEST(Twist, MxcsrIsAsBeforeButForItsFlags) {
-  for (const int variant : variantsToTest(conversionNamed("ColorTwist32f_8s_C3R"))) {
+  for (const int variant : runnableVariants()) {
     const SelectedVariant selected(variant);
     for (const unsigned mode : roundingModes) {
       const RoundingMode inMode(mode);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The entries of the colour twist: checks, then the kernel; in place, source and destination are
-// one.
+// one. The unit says before what its kernels are.
 #ifndef PXM_TWIST_ENTRIES_INL
 #define PXM_TWIST_ENTRIES_INL
 
 #include "frame/families.inl"
-#include "twist/kernels.inl"
 
 PXM_TEXT_BEGIN
 

@@ -43,10 +43,6 @@ struct TwistThreePlanes {
   }
 };
 
-using TwistC3 = TwistInterleaved<3>;
-using TwistAC4 = TwistInterleaved<4>;
-using TwistP3 = TwistThreePlanes;
-
 PXM_TEXT_END
 
 #endif

@@ -107,6 +107,7 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
     : Columns<PackedRow444, Form, Packer, RestForm> {
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = cutByEight;
+  static constexpr bool repeatsLastBlock = false;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {

@@ -30,6 +30,13 @@ struct ChainOf<DecodeYuvRounded> {  // required: not rounded in lanes
   static constexpr bool repeatsLastBlock = true;
 };
 
+constexpr Cut cutByEight = {8, ~7, {}};             // a chroma pair for each pixel, or interleaved
+constexpr Cut cutByEightFour = {8, ~7, {4}};        // 4:2:0, planar 4:2:2, 4:1:1
+constexpr Cut cutByEightFourTwo = {8, ~7, {4, 2}};  // YUV 4:2:0
+static_assert(VectorColumns(cutByEight, 15) == 8);
+static_assert(VectorColumns(cutByEightFour, 15) == 12);
+static_assert(VectorColumns(cutByEightFourTwo, 15) == 14);
+
 template <class SourceRows, class Chain>
 constexpr Cut cutOf = cutByEight;
 template <class Chain>

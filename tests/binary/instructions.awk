@@ -9,24 +9,37 @@ BEGIN {
          "|pand|pandn|por|pxor|pcmp(eq|gt)[bwd]|ps(ll|rl)[wdq]|psra[wd]|ps(ll|rl)dq" \
          "|pshuf(d|lw|hw)|shufp[sd]|pm(in|ax)(sw|ub)|pavg[bw]|psadbw|pinsrw|pextrw|pmovmskb" \
          "|cvt.*|(add|sub|mul|div|min|max|sqrt)[sp][sd]|(and|or|xor|andn)p[sd]|u?comis[sd]|cmp.*[sp][sd]"
-  later = "^(shlx|sarx|shrx|rorx|mulx|andn|bextr|bls(i|r|msk)|bzhi|pdep|pext|lzcnt|popcnt|movbe|crc32.*|xgetbv|v.*)$"
-  if (level == "frame") later = "^(shlx|sarx|shrx|rorx|mulx|andn|bextr|bls(i|r|msk)|bzhi|pdep|pext|lzcnt|popcnt|movbe|crc32.*|v.*)$"
-  if (level == "l9") later = "^(lzcnt|popcnt|movbe|crc32.*|xgetbv|vgather.*|vpgather.*)$"
+  ssse3 = "pshufb|palignr|pmaddubsw|pmulhrsw|pabs[bwd]|psign[bwd]|ph(add|sub)(w|d|sw)"
+  sse41 = "pmov[sz]x..|pinsr[bdq]|pextr[bdq]|pblendw|blendp[sd]|pm(in|ax)(sb|sd|uw|ud)|pmulld|packusdw|insertps"
   # AVX gives the three-operand form of everything up to SSE4.2, and a few of its own.
-  avx = "^v(" sse2 "|zeroupper|lddqu|pshufb|palignr|pmov[sz]x..|pinsr[bdq]|pextr[bdq]|pblendw|blendp[sd]" \
-        "|pm(in|ax)(sb|sd|uw|ud)|pmulld|packusdw|insertps|movddup|movs[hl]dup|pabs[bwd])$"
-  avx2 = "^v(" sse2 "|zeroupper|lddqu|pshufb|palignr|pmov[sz]x..|pinsr[bdq]|pextr[bdq]|pblendw|blendp[sd]" \
-         "|pm(in|ax)(sb|sd|uw|ud)|pmulld|packusdw|insertps|movddup|movs[hl]dup|pabs[bwd]" \
-         "|pbroadcast[bwdq]|broadcast(ss|sd|i128|f128)|perm(q|d|2i128|2f128)|(extract|insert)[if]128|pblendd|ps(ll|rl|ra)v[dq])$"
-  allowed = level == "l9" ? avx2 : level == "e9" ? avx : "^(" sse2 ")$"
+  avx = sse2 "|" ssse3 "|" sse41 "|zeroupper|lddqu|movddup|movs[hl]dup|broadcastss"
+  avx2 = avx "|pbroadcast[bwdq]|broadcast(ss|sd|i128|f128)|perm(q|d|2i128|2f128)|(extract|insert)[if]128" \
+         "|pblendd|ps(ll|rl|ra)v[dq]"
+
+  # Kernels of the SSE line keep to SSE2; depth conversions use what their processors have.
+  list["u8-depth"] = list["n8-depth"] = sse2 "|" ssse3
+  list["y8-depth"] = sse2 "|" ssse3 "|" sse41
+  list["e9"] = list["e9-depth"] = avx
+  list["l9"] = list["l9-depth"] = avx2
+  allowed = "^(" (level in list ? list[level] : sse2) ")$"
+  variant = substr(level, 1, 2)
+  if (variant == "e9" || variant == "l9") sub(/\^/, "^v", allowed)
+
+  bmi = "shlx|sarx|shrx|rorx|mulx|andn|bextr|bls(i|r|msk)|bzhi|pdep|pext"
+  rare = "lzcnt|popcnt|movbe|crc32.*"
+  later = "^(" bmi "|" rare "|xgetbv|v.*)$"
+  if (level == "frame") later = "^(" bmi "|" rare "|v.*)$"
+  if (variant == "l9") later = "^(" rare "|xgetbv|v?p?gather.*)$"
+  # Without register operands: part of AVX.
+  if (variant == "e9" || variant == "l9") avxState = "^v(zeroupper|ldmxcsr|stmxcsr)$"
+  else avxState = "^$"
 }
 
 /%[xyz]mm/ {
   if ($2 !~ allowed) print $2
   if (/%zmm/ || (/%ymm/ && level != "l9")) print $2, "with wide registers"
-  if (level == "e9" && $2 ~ /^v(pand|por|pxor)/ && /%ymm/) print $2
-  # From a register it is AVX2.
-  if (level == "e9" && $2 ~ /^vbroadcast/) print $2
+  # From memory it is AVX, from a register AVX2.
+  if (variant == "e9" && $2 ~ /^vbroadcast/ && $3 ~ /^%/) print $2, "from a register"
   next
 }
-$2 ~ later && !(level == "l9" && $2 == "vzeroupper") { print $2 }
+$2 ~ later && $2 !~ avxState { print $2 }

@@ -7,8 +7,8 @@
 
 namespace oracle {
 
-// The processor variants, in slot order: mx is 0, l9 is 6. Decoding follows the variant; for now
-// the oracle answers every other conversion as mx.
+// The processor variants, in slot order: mx is 0, l9 is 6. All but mx are vector variants. Depth
+// conversion alone is the same in all seven for every input.
 enum class Variant { mx, m7, u8, n8, y8, e9, l9 };
 
 // The three components of a pixel, each 0 to 255.

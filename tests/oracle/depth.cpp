@@ -46,7 +46,7 @@ std::uint16_t packDepth(const std::array<std::uint8_t, 3>& bytes) {
   return static_cast<std::uint16_t>(bytes[0] / 8 + bytes[1] / 4 * 32 + bytes[2] / 8 * 2048);
 }
 
-// The colour orders differ in name alone.
+// The colour orders differ in name alone, and so do the variants.
 int convertDepth(std::string_view name, [[maybe_unused]] Variant variant, const DepthCall& call) {
   if (familyOf(name) != Family::Depth) {
     throw std::invalid_argument("not a depth conversion: " + std::string(name));

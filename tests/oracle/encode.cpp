@@ -25,37 +25,43 @@ EncodeCall inPlaneOrder(std::string_view name, EncodeCall call) {
   return call;
 }
 
-// The sources of BGR round the luma of YUV to nearest. Those of RGB do not.
-constexpr int kBgrRounding = 32768;
-constexpr int kRgbRounding = 0;
-
-void run(Family family, const EncodeJob& job) {
-  const int step = job.call.srcStep;
-  switch (family) {
-    case Family::Encode411:
-      return encode411(job);
-    case Family::Encode420:
-      return encode420(job);
-    case Family::Encode422Planar:
-      return encode422Planar(job);
-    case Family::Encode422Interleaved:
-      return encode422Interleaved(job);
-    case Family::EncodeYuv420:
-      return encodeYuv420(job, kBgrRounding, evenStep(step));
-    case Family::RgbToYuv420:
-      return encodeYuv420(job, kRgbRounding, step);
-    case Family::RgbToYuv422:
-      return encodeYuv422(job, kRgbRounding);
-    default:
-      throw std::invalid_argument("not an encoding conversion");
-  }
+// In the vector variants the encoder of BGR555 to 4:1:1 gives luma to the columns behind its last
+// group. Neither the one of BGR565 nor mx does.
+bool hasLumaBeyond(std::string_view name, Variant variant) {
+  return variant != Variant::mx && name.starts_with("BGR555");
 }
 
 }  // namespace
 
 int encode(std::string_view name, Variant variant, const EncodeCall& call) {
+  const int columns = encoderVectorColumns(name, variant, call.width);
   const EncodeCall ordered = inPlaneOrder(name, call);
-  run(familyOf(name), {ordered, unpackOf(name), variant});
+  const EncodeJob job{ordered, unpackOf(name), columns};
+  switch (familyOf(name)) {
+    case Family::Encode411:
+      encode411(job, hasLumaBeyond(name, variant));
+      break;
+    case Family::Encode420:
+      encode420(job);
+      break;
+    case Family::Encode422Planar:
+      encode422Planar(job);
+      break;
+    case Family::Encode422Interleaved:
+      encode422Interleaved(job);
+      break;
+    case Family::EncodeYuv420:
+      encodeBgrToYuv420(job);
+      break;
+    case Family::RgbToYuv420:
+      encodeRgbToYuv420(job);
+      break;
+    case Family::RgbToYuv422:
+      encodeRgbToYuv422(job);
+      break;
+    default:
+      throw std::invalid_argument("not an encoding conversion");
+  }
   return statusAfter(name, call.width, call.height);
 }
 

@@ -55,7 +55,7 @@ struct EncodeCall {
 
 // Carries out a whole encoding call and returns its status. The arguments are taken as good: no
 // check is made. Reads no byte that the conversion does not need, and writes the destination bytes
-// in the order in which the conversion does. Throws std::invalid_argument for any name that is not
+// in the order in which mx does. Throws std::invalid_argument for any name that is not
 // one of the 14 encoding names.
 int encode(std::string_view name, Variant variant, const EncodeCall& call);
 

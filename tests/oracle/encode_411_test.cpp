@@ -87,7 +87,7 @@ TEST(OracleEncode411, DestinationPitchesNegativeAndZero) {
   expectSize(k565, 18, 9, 4, 0);
 }
 
-TEST(OracleEncode411, EveryVariantAnswersAsTheReference) {
+TEST(OracleEncode411, EveryVariantGivesTheseFourPixelsTheSameLuma) {
   for (int slot = 0; slot < 7; ++slot) {
     EncodeScene scene(Words{0xF800, 0x07E0, 0x001F, 0xFFFF});
     EXPECT_EQ(scene.run(k565, 8, 4, 1, static_cast<Variant>(slot)), 0);

@@ -211,7 +211,7 @@ TEST(OracleEncode420, OddLastColumnOfAPairComesBeforeTheNextPair) {
   EXPECT_EQ(scene.plane[0], byteRows({lumaOfBlues({0, 1, 2, 4, 6, 7, 8, 10, 11})}, 1));
 }
 
-TEST(OracleEncode420, EveryVariantAnswersAsTheReference) {
+TEST(OracleEncode420, EveryVariantAnswersAsTheReferenceBelowTheSmallestBlock) {
   for (int slot = 0; slot < 7; ++slot) {
     EncodeScene scene(Words{0x7C00, 0x7C00, 0x7C00, 0x03E0});
     EXPECT_EQ(scene.run(kNames[0], 4, 2, 2, static_cast<Variant>(slot)), 0);

@@ -137,7 +137,7 @@ TEST(OracleEncode422, DestinationPitchesNegativeZeroAndSmall) {
   expectPlanar(k565Planar, 14, 7, 4, 0);
 }
 
-TEST(OracleEncode422, EveryVariantAnswersAsTheReference) {
+TEST(OracleEncode422, EveryVariantAnswersAsTheReferenceBelowTheSmallestBlock) {
   for (int slot = 0; slot < 7; ++slot) {
     EncodeScene scene(Words{0xF800, 0x001F, 0x07E0});
     EXPECT_EQ(scene.run(k565Packed, 6, 3, 1, static_cast<Variant>(slot)), 0);

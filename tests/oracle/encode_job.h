@@ -19,7 +19,23 @@ using Unpack = Rgb (*)(std::uint16_t);
 struct EncodeJob {
   const EncodeCall& call;
   Unpack unpack;
-  Variant variant;
+  int vectorColumns;  // encoded in lanes; the others are not
+};
+
+// The forms by which a group of pixels is encoded to YCbCr. A sum is over the pixels of the group.
+struct YCbCrForms {
+  int (*luma)(Rgb c);
+  int (*cb)(int sumR, int sumG, int sumB, int groupSize);
+  int (*cr)(int sumR, int sumG, int sumB, int groupSize);
+};
+
+// The forms by which a group of pixels is encoded to YUV. A weight is what stands for a pixel's
+// luma in the chroma of its group.
+struct YuvForms {
+  std::int64_t (*weight)(Rgb c);
+  int (*luma)(std::int64_t weight);
+  int (*u)(int sumB, std::int64_t weightSum, int groupSize);
+  int (*v)(int sumR, std::int64_t weightSum, int groupSize);
 };
 
 inline Rgb pixelAt(const EncodeJob& job, const std::uint8_t* row, int column) {
@@ -51,14 +67,16 @@ inline void storeByte(std::uint8_t* row, int column, int value) {
   row[column] = static_cast<std::uint8_t>(value);
 }
 
-void encode411(const EncodeJob& job);
+// With lumaBeyond, the columns behind the last group get their luma.
+void encode411(const EncodeJob& job, bool lumaBeyond);
 void encode420(const EncodeJob& job);
 void encode422Planar(const EncodeJob& job);
 void encode422Interleaved(const EncodeJob& job);
 
-// lowerStep is the distance from the upper to the lower row of a source pair.
-void encodeYuv420(const EncodeJob& job, int rounding, std::int64_t lowerStep);
-void encodeYuv422(const EncodeJob& job, int rounding);
+// The BGR encoder and the two RGB encoders.
+void encodeBgrToYuv420(const EncodeJob& job);
+void encodeRgbToYuv420(const EncodeJob& job);
+void encodeRgbToYuv422(const EncodeJob& job);
 
 }  // namespace oracle
 

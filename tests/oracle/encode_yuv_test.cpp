@@ -186,7 +186,7 @@ TEST(OracleEncodeYuv, BlocksGoFromLeftToRightAndTheUpperRowComesFirst) {
   }
 }
 
-TEST(OracleEncodeYuv, EveryVariantAnswersAsTheReference) {
+TEST(OracleEncodeYuv, EveryVariantAnswersAsTheReferenceBelowTheSmallestBlock) {
   for (int slot = 0; slot < 7; ++slot) {
     EncodeScene scene(Words{0xF800, 0xF800});
     EXPECT_EQ(scene.run(kRgb422, 4, 2, 1, static_cast<Variant>(slot)), 0);

@@ -24,9 +24,22 @@ constexpr Lane wrapLaneU(std::int64_t value) {
   return static_cast<std::uint16_t>(value);
 }
 
-// A result that stops at the bounds of a signed lane.
+// A result that stops at the bounds of a signed or of an unsigned lane.
 constexpr Lane saturateLane(std::int64_t value) {
   return std::clamp<std::int64_t>(value, -32768, 32767);
+}
+constexpr Lane saturateLaneU(std::int64_t value) {
+  return std::clamp<std::int64_t>(value, 0, 65535);
+}
+
+// The shift of a lane's bits to the right that brings in zeroes, whatever the sign.
+constexpr Lane shiftLaneU(Lane value, int bits) {
+  return floorShift(wrapLaneU(value), bits);
+}
+
+// A signed lane as a byte that stops at 0 and at 255.
+constexpr int packLane(Lane value) {
+  return saturate(wrapLane(value));
 }
 
 // The upper 16 bits of a product of 32 bits, of signed or of unsigned lanes.

@@ -13,5 +13,6 @@
 #include "encode.h"
 #include "twist.h"
 #include "vector_decode.h"
+#include "vector_encode.h"
 
 #endif  // TESTS_ORACLE_ORACLE_H_

@@ -5,6 +5,7 @@
 #ifndef TESTS_ORACLE_TEST_IMAGES_H_
 #define TESTS_ORACLE_TEST_IMAGES_H_
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -29,6 +30,16 @@ inline Bytes noise(std::size_t count, std::uint32_t seed) {
     byte = static_cast<std::uint8_t>(state >> 24);
   }
   return bytes;
+}
+
+// The same as signed samples.
+using SignedBytes = std::vector<std::int8_t>;
+inline SignedBytes signedNoise(std::size_t count, std::uint32_t seed) {
+  SignedBytes samples(count);
+  const Bytes bytes = noise(count, seed);
+  std::transform(bytes.begin(), bytes.end(), samples.begin(),
+                 [](std::uint8_t byte) { return static_cast<std::int8_t>(byte); });
+  return samples;
 }
 
 // Words as they lie in memory.

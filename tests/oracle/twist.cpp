@@ -2,13 +2,17 @@
 
 #include "twist.h"
 
+#include <algorithm>
+#include <cfenv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
 #include "checks.h"
 #include "families.h"
+#include "lanes.h"
 #include "rows.h"
 
 namespace oracle {
@@ -43,6 +47,44 @@ int toSignedByte(float p) {
   return static_cast<std::int8_t>(i & 255);
 }
 
+// Rounds to nearest for the length of a scope. Then the mode and the flags are as before.
+class ToNearest {
+ public:
+  ToNearest() {
+    std::feholdexcept(&before_);
+    std::fesetround(FE_TONEAREST);
+  }
+  ~ToNearest() { std::fesetenv(&before_); }
+  ToNearest(const ToNearest&) = delete;
+  ToNearest& operator=(const ToNearest&) = delete;
+
+ private:
+  std::fenv_t before_;
+};
+
+// The integer nearest to a value, half to even. What has no integer of 32 bits gives the least. The
+// fraction may be rounded, but never to or across a half.
+std::int64_t nearestInteger(float value) {
+  constexpr double kLeast = -2147483648.0;
+  const double wide = value;
+  if (!(wide >= kLeast && wide < -kLeast)) return std::int64_t{-2147483648};
+  const double below = std::floor(wide);
+  const double fraction = wide - below;
+  const auto integer = static_cast<std::int64_t>(below);
+  if (fraction == 0.5) return integer + (integer & 1);
+  return fraction < 0.5 ? integer : integer + 1;
+}
+
+// The sums of the vector form, in the rounding mode of the moment. The minimum takes its second
+// operand where the first is not a number. The packs to 16 and to 8 bits stop at -128.
+int laneTwistChannel(const float row[4], int s0, int s1, int s2) {
+  float p = sum(product(row[0], static_cast<float>(s0)), product(row[1], static_cast<float>(s1)));
+  p = sum(p, product(row[2], static_cast<float>(s2)));
+  p = sum(p, row[3]);
+  const std::int64_t integer = nearestInteger(p < 127.0F ? p : 127.0F);
+  return static_cast<int>(std::clamp<std::int64_t>(saturateLane(integer), -128, 127));
+}
+
 // How the samples of a pixel lie: the distance of columns in bytes, and whether the channels are
 // planes.
 struct TwistLayout {
@@ -66,7 +108,9 @@ Byte* channelAt(const TwistLayout& layout, Byte* const planes[3], int step, int 
   return layout.planar ? rowAt(planes[channel], step, row) : rowAt(planes[0], step, row) + channel;
 }
 
-void twistRow(const TwistLayout& layout, const TwistCall& call, int row) {
+using Channel = int (*)(const float row[4], int s0, int s1, int s2);
+
+void twistRow(const TwistLayout& layout, Channel channel, const TwistCall& call, int row) {
   const std::int8_t* source[3];
   std::int8_t* target[3];
   for (int k = 0; k < 3; ++k) {
@@ -78,7 +122,7 @@ void twistRow(const TwistLayout& layout, const TwistCall& call, int row) {
     // All three samples are read before a channel is written, which lets the images be one.
     const int s0 = source[0][at], s1 = source[1][at], s2 = source[2][at];
     for (int k = 0; k < 3; ++k) {
-      target[k][at] = static_cast<std::int8_t>(twistChannel(call.twist[k], s0, s1, s2));
+      target[k][at] = static_cast<std::int8_t>(channel(call.twist[k], s0, s1, s2));
     }
   }
 }
@@ -94,9 +138,19 @@ int twistChannel(const float row[4], int s0, int s1, int s2) {
   return toSignedByte(p);
 }
 
-int twist(std::string_view name, [[maybe_unused]] Variant variant, const TwistCall& call) {
+int vectorTwistChannel(const float row[4], int s0, int s1, int s2) {
+  const ToNearest scope;
+  return laneTwistChannel(row, s0, s1, s2);
+}
+
+int twist(std::string_view name, Variant variant, const TwistCall& call) {
   const TwistLayout layout = layoutOf(name);
-  for (int row = 0; row < call.height; ++row) twistRow(layout, call, row);
+  if (variant == Variant::mx) {
+    for (int row = 0; row < call.height; ++row) twistRow(layout, twistChannel, call, row);
+  } else {
+    const ToNearest scope;
+    for (int row = 0; row < call.height; ++row) twistRow(layout, laneTwistChannel, call, row);
+  }
   return statusAfter(name, call.width, call.height);
 }
 

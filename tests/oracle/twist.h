@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // The colour twist of signed 8-bit images. Its float operations are made one by one and in order,
-// under any compiler options that keep to the arithmetic of the language, and follow the rounding
-// mode that holds when the call is made.
+// under any compiler options that keep to the arithmetic of the language. In mx they follow the
+// rounding mode that holds when the call is made; in the vector variants they round to nearest.
 
 #ifndef TESTS_ORACLE_TWIST_H_
 #define TESTS_ORACLE_TWIST_H_
@@ -17,6 +17,11 @@ namespace oracle {
 // One channel of the result, -128 to 127, from a row of the matrix and the three samples of a
 // pixel, each -128 to 127. A value that is not a number gives 0.
 int twistChannel(const float row[4], int s0, int s1, int s2);
+
+// The same in the vector variants: the constant is added last, a value that is not a number gives
+// 127, and the rounding mode of the caller does not matter. It is as before afterwards, and so are
+// the flags of exceptions.
+int vectorTwistChannel(const float row[4], int s0, int s1, int s2);
 
 // The arguments of a twist. A packed image is src[0] and dst[0]. For an in-place conversion the
 // caller gives the one image and its pitch on both sides.

@@ -17,20 +17,11 @@ namespace oracle {
 namespace {
 
 using Matrix = std::array<std::array<float, 4>, 3>;
-using Samples = std::vector<std::int8_t>;
 
 constexpr Matrix kIdentity = {{{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}}};
 constexpr Matrix kMixture = {
     {{0.3F, -0.6F, 0.2F, 11.0F}, {0.0F, 0.5F, 0.5F, 0.0F}, {-1.5F, 0.25F, 1.0F, -3.5F}}};
 constexpr Matrix kRotation = {{{0, 1, 0, 0}, {0, 0, 1, 0}, {1, 0, 0, 0}}};
-
-Samples signedNoise(std::size_t count, std::uint32_t seed) {
-  Samples samples(count);
-  const Bytes bytes = noise(count, seed);
-  std::transform(bytes.begin(), bytes.end(), samples.begin(),
-                 [](std::uint8_t byte) { return static_cast<std::int8_t>(byte); });
-  return samples;
-}
 
 struct Geometry {
   int width, height, pixelBytes, srcStep, dstStep;
@@ -40,7 +31,8 @@ void setMatrix(TwistCall& call, const Matrix& matrix) {
   for (std::size_t r = 0; r < 3; ++r) std::copy(matrix[r].begin(), matrix[r].end(), call.twist[r]);
 }
 
-TwistCall packedCall(const Samples& src, Samples& dst, const Geometry& g, const Matrix& matrix) {
+TwistCall packedCall(const SignedBytes& src, SignedBytes& dst, const Geometry& g,
+                     const Matrix& matrix) {
   TwistCall call{{src.data(), nullptr, nullptr},
                  g.srcStep,
                  {dst.data(), nullptr, nullptr},
@@ -53,8 +45,8 @@ TwistCall packedCall(const Samples& src, Samples& dst, const Geometry& g, const 
 }
 
 // What a packed image comes to: three bytes of each pixel of target are replaced.
-Samples expectedPacked(const Samples& src, Samples target, const Geometry& g,
-                       const Matrix& matrix) {
+SignedBytes expectedPacked(const SignedBytes& src, SignedBytes target, const Geometry& g,
+                           const Matrix& matrix) {
   for (int row = 0; row < g.height; ++row) {
     for (int x = 0; x < g.width; ++x) {
       const auto from = static_cast<std::size_t>(row * g.srcStep + x * g.pixelBytes);
@@ -80,10 +72,10 @@ constexpr Geometry kGeometries[] = {{1, 1, 3, 3, 3},   {1, 4, 3, 5, 4},   {7, 3,
 TEST(OracleTwistImage, PackedImages) {
   for (const Geometry& g : kGeometries) {
     const char* name = g.pixelBytes == 3 ? "ColorTwist32f_8s_C3R" : "ColorTwist32f_8s_AC4R";
-    const Samples src = signedNoise(sizeOf(g, g.srcStep), 1);
+    const SignedBytes src = signedNoise(sizeOf(g, g.srcStep), 1);
     for (const Matrix& matrix : {kIdentity, kMixture, kRotation}) {
-      Samples dst = signedNoise(sizeOf(g, g.dstStep), 2);
-      const Samples wanted = expectedPacked(src, dst, g, matrix);
+      SignedBytes dst = signedNoise(sizeOf(g, g.dstStep), 2);
+      const SignedBytes wanted = expectedPacked(src, dst, g, matrix);
       EXPECT_EQ(twist(name, Variant::mx, packedCall(src, dst, g, matrix)), 0);
       EXPECT_EQ(dst, wanted) << name;
     }
@@ -94,8 +86,8 @@ TEST(OracleTwistImage, PackedImagesInPlace) {
   for (Geometry g : kGeometries) {
     const char* name = g.pixelBytes == 3 ? "ColorTwist32f_8s_C3IR" : "ColorTwist32f_8s_AC4IR";
     g.dstStep = g.srcStep;
-    const Samples old = signedNoise(sizeOf(g, g.srcStep), 3);
-    Samples image = old;
+    const SignedBytes old = signedNoise(sizeOf(g, g.srcStep), 3);
+    SignedBytes image = old;
     const TwistCall call = packedCall(image, image, g, kMixture);
     EXPECT_EQ(twist(name, Variant::mx, call), 0);
     EXPECT_EQ(image, expectedPacked(old, old, g, kMixture)) << name;
@@ -103,25 +95,25 @@ TEST(OracleTwistImage, PackedImagesInPlace) {
 }
 
 TEST(OracleTwistImage, OnePixelInPlaceUsesTheOldSamples) {
-  Samples image = {10, 20, 30};
+  SignedBytes image = {10, 20, 30};
   EXPECT_EQ(twist("ColorTwist32f_8s_C3IR", Variant::mx,
                   packedCall(image, image, {1, 1, 3, 3, 3}, kRotation)),
             0);
-  EXPECT_EQ(image, (Samples{20, 30, 10}));
+  EXPECT_EQ(image, (SignedBytes{20, 30, 10}));
 }
 
 TEST(OracleTwistImage, FourthByteStaysAsItWas) {
-  const Samples src = {1, 2, 3, 99, 4, 5, 6, 98};
-  Samples dst = {0, 0, 0, 50, 0, 0, 0, 51};
+  const SignedBytes src = {1, 2, 3, 99, 4, 5, 6, 98};
+  SignedBytes dst = {0, 0, 0, 50, 0, 0, 0, 51};
   twist("ColorTwist32f_8s_AC4R", Variant::mx, packedCall(src, dst, {2, 1, 4, 8, 8}, kIdentity));
-  EXPECT_EQ(dst, (Samples{1, 2, 3, 50, 4, 5, 6, 51}));
-  Samples image = src;
+  EXPECT_EQ(dst, (SignedBytes{1, 2, 3, 50, 4, 5, 6, 51}));
+  SignedBytes image = src;
   twist("ColorTwist32f_8s_AC4IR", Variant::mx,
         packedCall(image, image, {2, 1, 4, 8, 8}, kRotation));
-  EXPECT_EQ(image, (Samples{2, 3, 1, 99, 5, 6, 4, 98}));
+  EXPECT_EQ(image, (SignedBytes{2, 3, 1, 99, 5, 6, 4, 98}));
 }
 
-TwistCall planarCall(const Samples (&src)[3], Samples (&dst)[3], const Geometry& g,
+TwistCall planarCall(const SignedBytes (&src)[3], SignedBytes (&dst)[3], const Geometry& g,
                      const Matrix& matrix) {
   TwistCall call{{src[0].data(), src[1].data(), src[2].data()},
                  g.srcStep,
@@ -139,7 +131,7 @@ std::size_t planeSize(const Geometry& g, int step) {
   return static_cast<std::size_t>((g.height - 1) * step + g.width);
 }
 
-void expectPlanes(const Samples (&src)[3], const Samples (&dst)[3], const Geometry& g,
+void expectPlanes(const SignedBytes (&src)[3], const SignedBytes (&dst)[3], const Geometry& g,
                   const Matrix& matrix) {
   for (int row = 0; row < g.height; ++row) {
     for (int x = 0; x < g.width; ++x) {
@@ -156,9 +148,9 @@ void expectPlanes(const Samples (&src)[3], const Samples (&dst)[3], const Geomet
 TEST(OracleTwistImage, PlanarImages) {
   for (const Geometry& g : {Geometry{1, 1, 1, 1, 1}, {7, 3, 1, 9, 8}, {4, 4, 1, 4, 5}}) {
     const std::size_t size = planeSize(g, g.srcStep);
-    const Samples src[3] = {signedNoise(size, 1), signedNoise(size, 2), signedNoise(size, 3)};
-    const Samples old(planeSize(g, g.dstStep), 55);
-    Samples dst[3] = {old, old, old};
+    const SignedBytes src[3] = {signedNoise(size, 1), signedNoise(size, 2), signedNoise(size, 3)};
+    const SignedBytes old(planeSize(g, g.dstStep), 55);
+    SignedBytes dst[3] = {old, old, old};
     EXPECT_EQ(twist("ColorTwist32f_8s_P3R", Variant::mx, planarCall(src, dst, g, kMixture)), 0);
     expectPlanes(src, dst, g, kMixture);
     for (int row = 0; row + 1 < g.height; ++row) {
@@ -166,7 +158,7 @@ TEST(OracleTwistImage, PlanarImages) {
         EXPECT_EQ(dst[1][static_cast<std::size_t>(row * g.dstStep + x)], 55);
       }
     }
-    Samples image[3] = {src[0], src[1], src[2]};
+    SignedBytes image[3] = {src[0], src[1], src[2]};
     Geometry same = g;
     same.dstStep = g.srcStep;
     EXPECT_EQ(twist("ColorTwist32f_8s_IP3R", Variant::mx, planarCall(image, image, same, kMixture)),
@@ -176,39 +168,39 @@ TEST(OracleTwistImage, PlanarImages) {
 }
 
 TEST(OracleTwistImage, IdentityReturnsEverySample) {
-  Samples src;
+  SignedBytes src;
   for (int s = -128; s <= 127; ++s) src.insert(src.end(), 3, static_cast<std::int8_t>(s));
-  Samples dst(src.size());
+  SignedBytes dst(src.size());
   const Geometry g{256, 1, 3, 768, 768};
   twist("ColorTwist32f_8s_C3R", Variant::mx, packedCall(src, dst, g, kIdentity));
   EXPECT_EQ(dst, src);
 }
 
 TEST(OracleTwistImage, ConstantsAndNotANumberInTheFirstRowReachChannel0Alone) {
-  const Samples src = {-128, 5, 6, 127, -7, 8};
+  const SignedBytes src = {-128, 5, 6, 127, -7, 8};
   const float nan = std::numeric_limits<float>::quiet_NaN();
   for (auto [t00, t03, byte] : {std::array{0.0F, 200.0F, 127.0F},
                                 std::array{0.0F, -200.0F, -128.0F}, std::array{nan, 0.0F, 0.0F}}) {
     Matrix matrix = kIdentity;
     matrix[0] = {t00, 0, 0, t03};
-    Samples dst(6);
+    SignedBytes dst(6);
     twist("ColorTwist32f_8s_C3R", Variant::mx, packedCall(src, dst, {2, 1, 3, 6, 6}, matrix));
     const auto first = static_cast<std::int8_t>(byte);
-    EXPECT_EQ(dst, (Samples{first, 5, 6, first, -7, 8}));
+    EXPECT_EQ(dst, (SignedBytes{first, 5, 6, first, -7, 8}));
   }
 }
 
-TEST(OracleTwistImage, EveryVariantAnswersAsTheReference) {
+TEST(OracleTwistImage, EveryVariantMovesChannelsAlike) {
   for (int slot = 0; slot < 7; ++slot) {
-    Samples image = {10, 20, 30};
+    SignedBytes image = {10, 20, 30};
     twist("ColorTwist32f_8s_C3IR", static_cast<Variant>(slot),
           packedCall(image, image, {1, 1, 3, 3, 3}, kRotation));
-    EXPECT_EQ(image, (Samples{20, 30, 10}));
+    EXPECT_EQ(image, (SignedBytes{20, 30, 10}));
   }
 }
 
 TEST(OracleTwistImage, OtherNamesAreRefusedAloud) {
-  Samples image = {10, 20, 30};
+  SignedBytes image = {10, 20, 30};
   const TwistCall call = packedCall(image, image, {1, 1, 3, 3, 3}, kRotation);
   EXPECT_THROW(twist("ColorTwist32f_8s_P3IR", Variant::mx, call), std::invalid_argument);
   EXPECT_THROW(twist("BGR565ToBGR_16u8u_C3R", Variant::mx, call), std::invalid_argument);

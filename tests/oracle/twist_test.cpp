@@ -3,29 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cfenv>
 #include <cmath>
 #include <limits>
 #include <utility>
 
 #include "tests/oracle/oracle.h"
+#include "tests/oracle/test_rounding.h"
 
 namespace oracle {
 namespace {
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-
-// Holds a rounding mode for the length of a scope.
-class RoundingMode {
- public:
-  explicit RoundingMode(int mode) { std::fesetround(mode); }
-  ~RoundingMode() { std::fesetround(FE_TONEAREST); }
-  RoundingMode(const RoundingMode&) = delete;
-  RoundingMode& operator=(const RoundingMode&) = delete;
-};
-
-constexpr int kModes[] = {FE_TONEAREST, FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO};
 
 // The byte of a value that the sums leave as it is.
 int byteOf(float value) {

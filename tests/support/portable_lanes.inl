@@ -62,6 +62,9 @@ inline I16xPortable min(I16xPortable a, I16xPortable b) {
 inline I16xPortable max(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return x > y ? x : y; });
 }
+inline I16xPortable average(I16xPortable a, I16xPortable b) {
+  return each(a, b, [](int x, int y) { return (unsignedOf(x) + unsignedOf(y) + 1) >> 1; });
+}
 inline I16xPortable LaneMulHi(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return x * y >> 16; });
 }
@@ -84,6 +87,18 @@ I16xPortable shiftRightLogical(I16xPortable a) {
 }
 inline I16xPortable shiftLeft(I16xPortable a, LaneShift s) {
   return each(a, a, [s](int x, int) { return unsignedOf(x) << s.count; });
+}
+
+// Clamps as the narrowing of 32-bit sums does.
+template <int factor>
+I16xPortable addNeighbours(I16xPortable a, I16xPortable b) {
+  I16xPortable r;
+  for (int i = 0; i < 8; ++i) {
+    const int16_t* const pair = (i < 4 ? a.e : b.e) + 2 * (i % 4);
+    const int sum = factor * (pair[0] + pair[1]);
+    r.e[i] = static_cast<int16_t>(sum > 32767 ? 32767 : sum < -32768 ? -32768 : sum);
+  }
+  return r;
 }
 
 template <class L>

@@ -65,13 +65,14 @@ Shape decodeShape(const Conversion& c, int variant, int w, int h) {
   return {{{w, h}, {w, h}, {w, h}}, pixels, true};
 }
 
-Shape encodeShape(const Conversion& c, int w, int h) {
+Shape encodeShape(const Conversion& c, int variant, int w, int h) {
   const std::vector<PlaneShape> pixels = {{2 * w, h}};
   const int evenW = w & ~1, evenH = h & ~1;
   if (c.has("C3C2R")) return {pixels, {{2 * w, h}}, false};
   if (c.has("411")) {
-    const int whole = w & ~3;
-    return {{{2 * whole, h}}, {{whole, h}, {whole / 4, h}, {whole / 4, h}}, false};
+    // Of BGR555, variants with blocks give the leftover columns their luma.
+    const int columns = variant > 0 && c.has("BGR555") ? w : w & ~3;
+    return {{{2 * columns, h}}, {{columns, h}, {w / 4, h}, {w / 4, h}}, false};
   }
   if (c.has("YUV422")) return {{{2 * evenW, h}}, {{evenW, h}, {half(w), h}, {half(w), h}}, false};
   if (c.has("YUV420"))
@@ -121,7 +122,7 @@ Shape shapeOf(const Conversion& c, int variant, int width, int height) {
     case Kind::Decode:
       return decodeShape(c, variant, width, height);
     case Kind::Encode:
-      return encodeShape(c, width, height);
+      return encodeShape(c, variant, width, height);
     case Kind::Depth:
       return depthShape(c, width, height);
     default:

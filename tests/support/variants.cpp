@@ -71,11 +71,3 @@ std::vector<int> runnableVariants() {
   }
   return variants;
 }
-
-std::vector<int> variantsToTest(const Conversion& conversion) {
-  const SlotTable slots = slotsOf(conversion);
-  std::vector<int> variants;
-  for (const int v : runnableVariants())
-    if (std::find(slots, slots + v, slots[v]) == slots + v) variants.push_back(v);
-  return variants;
-}

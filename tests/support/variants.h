@@ -31,8 +31,4 @@ class SelectedVariant {
   [[maybe_unused]] int before_;
 };
 
-// Those of them that have code of their own for a conversion: a slot that leads to an earlier
-// slot's entry has nothing new to show.
-std::vector<int> variantsToTest(const Conversion& conversion);
-
 #endif

@@ -29,7 +29,3 @@ SelectedVariant::~SelectedVariant() = default;
 std::vector<int> runnableVariants() {
   return {runningVariant()};
 }
-
-std::vector<int> variantsToTest(const Conversion&) {
-  return {runningVariant()};
-}

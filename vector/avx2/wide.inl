@@ -8,7 +8,7 @@
 
 PXM_TEXT_BEGIN
 
-constexpr Cut cutBySixteenEight = {16, ~15, 8, 0};
+constexpr Cut cutBySixteenEight = {16, ~15, {8}};
 
 // A: the luma times 128 less 2048.
 PXM_INLINE I16x16 wideLuma(I16x16 y) {

@@ -52,6 +52,10 @@ PXM_INLINE I16x8 min(I16x8 a, I16x8 b) {
 PXM_INLINE I16x8 max(I16x8 a, I16x8 b) {
   return {_mm_max_epi16(a.v, b.v)};
 }
+// Half the sum of unsigned lanes, which may exceed 16 bits; an odd sum is rounded up.
+PXM_INLINE I16x8 average(I16x8 a, I16x8 b) {
+  return {_mm_avg_epu16(a.v, b.v)};
+}
 // The upper 16 bits of the 32-bit product, floor(a * b / 65536): of signed and of unsigned lanes.
 PXM_INLINE I16x8 LaneMulHi(I16x8 a, I16x8 b) {
   return {_mm_mulhi_epi16(a.v, b.v)};
@@ -73,6 +77,19 @@ PXM_INLINE I16x8 shiftRightLogical(I16x8 a) {
 }
 PXM_INLINE I16x8 shiftLeft(I16x8 a, LaneShift s) {
   return {_mm_sll_epi16(a.v, s.count)};
+}
+
+// The sums of neighbouring lanes, those of a and then those of b, `factor` times as large; they
+// must fit a signed lane.
+template <int factor>
+PXM_INLINE I16x8 addNeighbours(I16x8 a, I16x8 b) {
+  const __m128i factors = _mm_set1_epi16(factor);
+  return {_mm_packs_epi32(_mm_madd_epi16(a.v, factors), _mm_madd_epi16(b.v, factors))};
+}
+
+// The lanes of a and then those of b as bytes, clamped to 0 to 255.
+PXM_INLINE __m128i saturatedBytes(I16x8 a, I16x8 b) {
+  return _mm_packus_epi16(a.v, b.v);
 }
 
 // n bytes from any address, in the low bytes of a register; the others are zero.
@@ -142,16 +159,20 @@ PXM_INLINE Planes8 planesOfEight(const uint8_t* p) {
   return {{_mm_unpacklo_epi8(zero, a)}, {_mm_unpackhi_epi8(zero, a)}, {_mm_unpacklo_epi8(zero, b)}};
 }
 
+// The upper eight bytes as the lower.
+PXM_INLINE __m128i upperBytes(__m128i bytes) {
+  return _mm_unpackhi_epi64(bytes, bytes);
+}
+
 // The same of sixteen pixels: bytes i and i + 24 of 48 come side by side in each of four rounds,
 // the first of which is done by the loads.
 struct Planes16 {
   __m128i first, second, third;
 
-  PXM_INLINE static __m128i upper(__m128i a) { return _mm_unpackhi_epi64(a, a); }
   PXM_INLINE void regroup() {
-    const __m128i a = _mm_unpacklo_epi8(first, upper(second));
-    const __m128i b = _mm_unpacklo_epi8(upper(first), third);
-    third = _mm_unpacklo_epi8(second, upper(third));
+    const __m128i a = _mm_unpacklo_epi8(first, upperBytes(second));
+    const __m128i b = _mm_unpacklo_epi8(upperBytes(first), third);
+    third = _mm_unpacklo_epi8(second, upperBytes(third));
     first = a;
     second = b;
   }
@@ -174,15 +195,29 @@ PXM_INLINE I16x8 upperInHighBytes(__m128i bytes) {
   return {_mm_unpackhi_epi8(_mm_setzero_si128(), bytes)};
 }
 
+// The low n bytes to any address.
+template <int n>
+PXM_INLINE void storeBytes(uint8_t* p, __m128i bytes) {
+  if constexpr (n == 16) _mm_storeu_si128(reinterpret_cast<__m128i*>(p), bytes);
+  if constexpr (n == 8) _mm_storel_epi64(reinterpret_cast<__m128i*>(p), bytes);
+  if constexpr (n <= 4) {
+    const int bits = _mm_cvtsi128_si32(bytes);
+    memcpy(p, &bits, n);
+  }
+}
+
 // The first n pixels to any address.
 template <int n>
 PXM_INLINE void storePixels(uint8_t* p, I16x8 pixels) {
-  if constexpr (n == 8) _mm_storeu_si128(reinterpret_cast<__m128i*>(p), pixels.v);
-  if constexpr (n == 4) _mm_storel_epi64(reinterpret_cast<__m128i*>(p), pixels.v);
-  if constexpr (n == 2) {
-    const int bits = _mm_cvtsi128_si32(pixels.v);
-    memcpy(p, &bits, sizeof bits);
-  }
+  storeBytes<2 * n>(p, pixels.v);
+}
+
+// Bytes of a and b in turn: of their lower and of their upper halves.
+PXM_INLINE __m128i inTurn(__m128i a, __m128i b) {
+  return _mm_unpacklo_epi8(a, b);
+}
+PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
+  return _mm_unpackhi_epi8(a, b);
 }
 
 PXM_TEXT_END

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+// Depth conversion in lanes; compiled once for each vector variant, at the level that it may use.
+#include PXM_VARIANT_TEXT
+
+#ifdef __SSSE3__
+#include "vector/ssse3/depth.inl"
+#else
+#include "vector/sse/depth.inl"
+#endif
+
+#include "depth/entries.inl"

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// Depth conversion with byte shuffles.
+#ifndef PXM_VECTOR_SSSE3_DEPTH_INL
+#define PXM_VECTOR_SSSE3_DEPTH_INL
+
+#include <tmmintrin.h>
+
+#include "vector/depth.inl"
+
+PXM_TEXT_BEGIN
+
+// The twelve bytes of four pixels in three 32-bit lanes of four; one lane is a gap.
+template <int gap>
+PXM_INLINE __m128i twelveBytes(__m128i spread) {
+  constexpr int first = 0x05030201, second = 0x0A090706, third = 0x0F0E0D0B, none = -1;
+  return _mm_shuffle_epi8(spread, _mm_setr_epi32(gap == 0 ? none : first,
+                                                 gap == 0   ? first
+                                                 : gap == 1 ? none
+                                                            : second,
+                                                 gap == 3   ? third
+                                                 : gap == 2 ? none
+                                                            : second,
+                                                 gap == 3 ? none : third));
+}
+
+// The last bytes of a, `from` on, and then the first of b.
+template <int from>
+PXM_INLINE __m128i joined(__m128i a, __m128i b) {
+  return _mm_alignr_epi8(b, a, from);
+}
+
+PXM_INLINE void expandSixteen(const uint8_t* source, uint8_t* out) {
+  const SpreadPixels left = spreadEight(source), right = spreadEight(source + 16);
+  const __m128i a = twelveBytes<0>(left.first), b = twelveBytes<1>(left.second);
+  const __m128i c = twelveBytes<2>(right.first), d = twelveBytes<3>(right.second);
+  storeBytes<16>(out, joined<4>(a, b));
+  storeBytes<16>(out + 16, joined<8>(b, c));
+  storeBytes<16>(out + 32, joined<12>(c, d));
+}
+
+PXM_INLINE void expandEight(const uint8_t* source, uint8_t* out) {
+  const SpreadPixels eight = spreadEight(source);
+  const __m128i a = twelveBytes<0>(eight.first), b = twelveBytes<1>(eight.second);
+  storeBytes<16>(out, joined<4>(a, b));
+  storeBytes<8>(out + 16, upperBytes(b));
+}
+
+PXM_INLINE void expandRow(const uint8_t* source, uint8_t* out, int width) {
+  ptrdiff_t x =
+      inBlocks<16>(0, width, [=](ptrdiff_t i) { expandSixteen(source + 2 * i, out + 3 * i); });
+  x = inBlocks<8>(x, width, [=](ptrdiff_t i) { expandEight(source + 2 * i, out + 3 * i); });
+  expandColumns(source, out, x, width);
+}
+
+// Four pixels: the words of byte 0 below byte 1 in the low half, byte 2 as high bytes of words in
+// the high half. The first pixel's byte 0 is byte `from`.
+template <int from>
+PXM_INLINE __m128i splitFour(__m128i bytes) {
+  const __m128i places = _mm_setr_epi8(0, 1, 3, 4, 6, 7, 9, 10, -1, 2, -1, 5, -1, 8, -1, 11);
+  const __m128i offset = _mm_setr_epi8(from, from, from, from, from, from, from, from, 0, from, 0,
+                                       from, 0, from, 0, from);
+  return _mm_shuffle_epi8(bytes, _mm_add_epi8(places, offset));
+}
+
+// 64 times byte 1 plus byte 0 holds both fields, three places too high.
+PXM_INLINE void packEight(const uint8_t* source, uint8_t* out) {
+  const __m128i a = splitFour<0>(loadBytes<16>(source));
+  const __m128i b = splitFour<4>(loadBytes<16>(source + 8));
+  const I16x8 low = I16x8{_mm_unpacklo_epi64(a, b)} & all<I16x8>(0xFCFF);
+  const I16x8 high = I16x8{_mm_unpackhi_epi64(a, b)} & all<I16x8>(0xF800);
+  const I16x8 fields = {_mm_maddubs_epi16(low.v, _mm_set1_epi16(64 << 8 | 1))};
+  storePixels<8>(out, shiftRightLogical<3>(fields) | high);
+}
+
+PXM_INLINE void packRow(const uint8_t* source, uint8_t* out, int width) {
+  ptrdiff_t x = 0;
+  if (width >= 16)
+    x = inBlocks<8>(0, width, [=](ptrdiff_t i) { packEight(source + 3 * i, out + 2 * i); });
+  packColumns(source, out, x, width);
+}
+
+PXM_TEXT_END
+
+#endif
