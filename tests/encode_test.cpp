@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The encoders by literal samples, in plain code.
+// The encoders by literal samples, in plain code and in lanes.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -146,5 +146,69 @@ TEST_F(Encode, OddSizesToYuvWarnAndLeaveTheRest) {
             (Planes{{0, 0}, {128}, {128}}));
   EXPECT_EQ(encoded("RGB565ToYUV422_16u8u_C3P3R", Words(1, 0), 1, 1, 35), (Planes{{U}, {U}, {U}}));
 }
+
+// In each variant with blocks.
+class EncodeInBlocks : public testing::TestWithParam<int> {
+ private:
+  const SelectedVariant selected{GetParam()};
+};
+
+// Luma of all pixels alike, one chroma sample for each group; the byte behind stays as it was.
+Planes uniform(const char* name, int width, int height, std::uint16_t word) {
+  return encoded(name, Words(static_cast<std::size_t>(width * height), word), width, height);
+}
+
+TEST_P(EncodeInBlocks, Black) {
+  for (const char* name : {"BGR555ToYCbCr422_16u8u_C3P3R", "BGR565ToYCbCr422_16u8u_C3P3R"}) {
+    const Planes black = uniform(name, 32, 1, 0);
+    EXPECT_EQ(black[0], Bytes(32, 16));   // 2112 >> 7
+    EXPECT_EQ(black[1], Bytes(16, 128));  // 8200 >> 6
+    EXPECT_EQ(black[2], Bytes(16, 128));
+  }
+  for (const char* name : {"BGR555ToYCbCr420_16u8u_C3P3R", "BGR565ToYCbCr420_16u8u_C3P3R"})
+    EXPECT_EQ(uniform(name, 16, 2, 0)[0], Bytes(32, 16));
+  for (const char* name : {"BGR555ToYUV420_16u8u_C3P3R", "RGB565ToYUV420_16u8u_C3P3R"}) {
+    const Planes black = uniform(name, 16, 2, 0);
+    EXPECT_EQ(black[0], Bytes(32, 0));
+    EXPECT_EQ(Bytes(black[1].begin(), black[1].begin() + 8), Bytes(8, 128));  // 8224 >> 6
+    EXPECT_EQ(Bytes(black[2].begin(), black[2].begin() + 8), Bytes(8, 128));
+  }
+}
+
+// 8158 + 15998 + 3111 + 2112 is 29379, and that >> 7 is 229.
+TEST_P(EncodeInBlocks, White) {
+  EXPECT_EQ(uniform("BGR555ToYCbCr422_16u8u_C3P3R", 32, 1, 0x7FFF)[0], Bytes(32, 229));
+  EXPECT_EQ(uniform("BGR555ToYCbCr411_16u8u_C3P3R", 4, 1, 0x7FFF)[0], Bytes(4, 229));
+}
+
+// Sixteen columns of 4:2:2 are scalar, and thirty-two are not: over all pixels the two differ.
+TEST_P(EncodeInBlocks, SixteenColumnsTo422AreScalarAndThirtyTwoAreNot) {
+  for (const char* name : {"BGR555ToYCbCr422_16u8u_C3P3R", "BGR565ToYCbCr422_16u8u_C3P3R"}) {
+    Words words(65536);
+    for (std::size_t i = 0; i < words.size(); ++i)
+      words[i] = static_cast<std::uint16_t>(i * 40503u);
+    const auto inPlainCode = [&](int width) {
+      const SelectedVariant plain(0);
+      return encoded(name, words, width, 65536 / width);
+    };
+    EXPECT_TRUE(encoded(name, words, 16, 4096) == inPlainCode(16));
+    EXPECT_FALSE(encoded(name, words, 32, 2048) == inPlainCode(32));
+  }
+}
+
+// Five columns are a block of four and one more, which has luma from BGR555 alone.
+TEST_P(EncodeInBlocks, LeftoversOf411HaveLumaFromBgr555) {
+  const Words greens = {0x7C00, 0x7C00, 0x7C00, 0x03E0, 0x03E0};
+  EXPECT_EQ(encoded("BGR555ToYCbCr411_16u8u_C3P3R", greens, 5, 1, 35),
+            (Planes{{80, 80, 80, 141, 141}, {82}, {186}}));
+  EXPECT_EQ(encoded("BGR565ToYCbCr411_16u8u_C3P3R", greens, 5, 1, 35)[0][4], U);
+}
+
+INSTANTIATE_TEST_SUITE_P(, EncodeInBlocks, testing::ValuesIn([] {
+                           std::vector<int> variants = runnableVariants();
+                           std::erase(variants, 0);
+                           return variants;
+                         }()),
+                         [](const auto& info) { return variantTags[info.param]; });
 
 }  // namespace

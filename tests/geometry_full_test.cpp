@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Every conversion at every size to 80 by 8 in every layout, against the oracle. Run as a whole, it
-// closes with a table of the calls that were compared. PXM_GEOMETRY_STRIDE=n in the environment
+// closes with a table of the calls that were compared. PXM_TEST_STRIDE=n in the environment
 // takes every n-th layout, in turn over the sizes, for builds that are slow.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <string>
 
 #include "tests/support/geometry.h"
 #include "tests/support/memory.h"
+#include "tests/support/stride.h"
 #include "tests/support/variants.h"
 
 namespace {
@@ -47,11 +46,6 @@ class Table : public testing::Environment {
 };
 const testing::Environment* const table = testing::AddGlobalTestEnvironment(new Table);
 
-int stride() {
-  static const char* const text = std::getenv("PXM_GEOMETRY_STRIDE");
-  return text == nullptr ? 1 : std::max(1, std::atoi(text));
-}
-
 class GeometryFull : public testing::TestWithParam<Conversion> {};
 
 TEST_P(GeometryFull, WidthsTo80ByHeightsTo8InEveryLayout) {
@@ -67,7 +61,7 @@ TEST_P(GeometryFull, WidthsTo80ByHeightsTo8InEveryLayout) {
     for (int width = least.width; width <= mostWidth; ++width)
       for (int height = least.height; height <= mostHeight; ++height)
         for (const Layout& layout : layoutsOf(conversion, width, height))
-          if (turn++ % stride() == 0) {
+          if (turn++ % testStride() == 0) {
             ASSERT_TRUE(memory.matchesOracle(conversion, variant, layout, random));
             ++count.calls;
           }

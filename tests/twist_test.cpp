@@ -195,16 +195,158 @@ TEST(Twist, InPlaceUsesTheSamplesThatWereThere) {
   EXPECT_EQ(planes[2], 10);
 }
 
-TEST(Twist, MxcsrIsAsBeforeButForItsFlags) {
-  for (const int variant : runnableVariants()) {
-    const SelectedVariant selected(variant);
-    for (const unsigned mode : roundingModes) {
-      const RoundingMode inMode(mode);
-      const unsigned before = _mm_getcsr();
-      (void)twisted({1, 2, 3}, ordinaryTwist);
-      EXPECT_EQ(_mm_getcsr() & ~0x3Fu, before & ~0x3Fu) << variantTags[variant];
-    }
+// One pixel's first channel, in a variant and a rounding mode.
+int firstChannel(int variant, unsigned mode, const float (&row)[4], const Samples& pixel) {
+  const SelectedVariant selected(variant);
+  const RoundingMode inMode(mode);
+  const Matrix matrix = {{row[0], row[1], row[2], row[3]}, {0, 0, 0, 0}, {0, 0, 0, 0}};
+  return twisted(pixel, matrix)[0];
+}
+
+std::vector<int> runnableVectorVariants() {
+  std::vector<int> variants = runnableVariants();
+  std::erase(variants, 0);
+  return variants;
+}
+
+// The four ways in which a variant in lanes and plain code may disagree.
+TEST(TwistDifferences, ConstantIsAddedLastInLanes) {
+  const float row[4] = {-0.29f, -0.52f, 1.99f, -1.22f};
+  EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {0, -63, 4}), 40);  // of 39.5
+  for (const int variant : runnableVectorVariants())
+    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {0, -63, 4}), 39);  // of 39.499996
+}
+
+TEST(TwistDifferences, NanGives127InLanes) {
+  for (int place = 0; place < 4; ++place) {
+    float row[4] = {1, 1, 1, 1};
+    row[place] = NAN;
+    EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {5, 6, 7}), 0);
+    for (const int variant : runnableVectorVariants())
+      EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {5, 6, 7}), 127);
   }
 }
+
+TEST(TwistDifferences, JustBeyondAHalfRoundsAwayInLanes) {
+  const float beyond = 0.5f + 0x1p-24f;
+  for (const float sign : {1.0f, -1.0f}) {
+    const float row[4] = {0, 0, 0, sign * beyond};
+    EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {0, 0, 0}), 0);
+    for (const int variant : runnableVectorVariants())
+      EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {0, 0, 0}), static_cast<int>(sign));
+  }
+}
+
+// 5 times 0.1 as a float is a little more than a half: 0.5 to nearest, and more than that upwards.
+TEST(TwistDifferences, LanesRoundToNearestInEveryMode) {
+  const float row[4] = {0.1f, 0, 0, 0};
+  EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {5, 0, 0}), 0);
+  EXPECT_EQ(firstChannel(0, _MM_ROUND_UP, row, {5, 0, 0}), 1);
+  for (const int variant : runnableVectorVariants())
+    for (const unsigned mode : roundingModes)
+      EXPECT_EQ(firstChannel(variant, mode, row, {5, 0, 0}), 0);
+}
+
+TEST(Twist, WhatNoIntegerHoldsSaturatesInLanes) {
+  for (const int variant : runnableVariants()) {
+    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, 1e10f}, {0, 0, 0}), 127);
+    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, -1e10f}, {0, 0, 0}), -128);
+    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, 2147483648.0f}, {0, 0, 0}), 127);
+  }
+}
+
+// MXCSR beyond the rounding mode: exception flags, their masks, and how denormals are treated.
+constexpr unsigned flagBits = 0x3F, inexact = 0x20, flushToZero = 0x8000, denormalsAreZero = 0x40;
+
+// Leaves MXCSR as it was, whatever a test sets.
+class KeptMxcsr {
+ public:
+  KeptMxcsr() : before_(_mm_getcsr()) {}
+  ~KeptMxcsr() { _mm_setcsr(before_); }
+  KeptMxcsr(const KeptMxcsr&) = delete;
+  KeptMxcsr& operator=(const KeptMxcsr&) = delete;
+
+ private:
+  unsigned before_;
+};
+
+// MXCSR after a call of the six layouts on `width` pixels that all hold 3, 5, 7.
+unsigned mxcsrAfter(unsigned before, const Conversion& layout, int width, const Matrix& matrix) {
+  const KeptMxcsr kept;
+  std::uint8_t source[3][4 * 24], out[3][4 * 24];
+  for (auto& plane : source)
+    for (std::size_t i = 0; i < sizeof plane; ++i)
+      plane[i] = layout.has("P3")    ? 5
+                 : layout.has("AC4") ? static_cast<std::uint8_t>(3 + 2 * (i % 4))
+                                     : static_cast<std::uint8_t>(3 + 2 * (i % 3));
+  CallArguments a = {};
+  for (int i = 0; i < 3; ++i) {
+    a.src[i] = source[i];
+    a.dst[i] = layout.has("IR") || layout.has("IP3") ? source[i] : out[i];
+  }
+  a.srcStep[0] = a.dstStep[0] = 96;
+  a.size = {width, 1};
+  std::memcpy(a.twist, matrix, sizeof a.twist);
+  _mm_setcsr(before);
+  const pxmStatus status = layout.call(a);
+  const unsigned after = _mm_getcsr();
+  EXPECT_EQ(status, width > 0 ? pxmStatusOk : pxmStatusBadSize);
+  return after;
+}
+
+class TwistMxcsr : public testing::TestWithParam<Conversion> {};
+
+constexpr Matrix tenths = {{0.1f, 0, 0, 0}, {0, 0.1f, 0, 0}, {0, 0, 0.1f, 0}};
+constexpr unsigned masked = 0x1F80;
+
+TEST_P(TwistMxcsr, RestoresAllOfItIfTheModeWasAnother) {
+  for (const int variant : runnableVectorVariants()) {
+    const SelectedVariant selected(variant);
+    for (const unsigned mode : {_MM_ROUND_DOWN, _MM_ROUND_UP, _MM_ROUND_TOWARD_ZERO})
+      for (const unsigned others : {0u, 0x01u, 0x3Fu, flushToZero | denormalsAreZero}) {
+        const unsigned before = masked | mode | others;
+        for (int width = 1; width <= 17; ++width)
+          EXPECT_EQ(mxcsrAfter(before, GetParam(), width, tenths), before) << variantTags[variant];
+      }
+  }
+}
+
+TEST_P(TwistMxcsr, KeepsTheFlagsThatItRaisedIfTheModeWasNearest) {
+  for (const int variant : runnableVectorVariants()) {
+    const SelectedVariant selected(variant);
+    for (const unsigned others : {0u, 0x01u, flushToZero | denormalsAreZero})
+      for (int width = 1; width <= 17; ++width)
+        EXPECT_EQ(mxcsrAfter(masked | others, GetParam(), width, tenths), masked | others | inexact)
+            << variantTags[variant];
+  }
+}
+
+// Lanes beyond the last pixel raise nothing: infinity times their zeros would be invalid.
+TEST_P(TwistMxcsr, RaisesNoFlagThatNoPixelRaises) {
+  const float infinity = std::numeric_limits<float>::infinity();
+  const Matrix matrix = {{infinity, 0, 0, 0}, {0, infinity, 0, 0}, {0, 1, infinity, 0}};
+  for (const int variant : runnableVectorVariants()) {
+    const SelectedVariant selected(variant);
+    for (int width = 1; width <= 17; ++width)
+      EXPECT_EQ(mxcsrAfter(masked, GetParam(), width, matrix), masked) << variantTags[variant];
+  }
+}
+
+TEST_P(TwistMxcsr, IsUntouchedByARefusedCall) {
+  for (const int variant : runnableVariants()) {
+    const SelectedVariant selected(variant);
+    for (const unsigned mode : roundingModes)
+      EXPECT_EQ(mxcsrAfter(masked | mode, GetParam(), 0, tenths), masked | mode);
+  }
+}
+
+TEST_P(TwistMxcsr, IsAsBeforeInPlainCodeButForFlags) {
+  const SelectedVariant plain(0);
+  for (const unsigned mode : roundingModes)
+    EXPECT_EQ(mxcsrAfter(masked | mode, GetParam(), 5, tenths) & ~flagBits, masked | mode);
+}
+
+INSTANTIATE_TEST_SUITE_P(, TwistMxcsr, testing::ValuesIn(conversionsOf(Kind::Twist)),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
