@@ -32,7 +32,9 @@
  * - Any number of threads may convert at once into separate destinations. No call allocates,
  *   locks or keeps a pointer.
  * - The processor is detected once, at load, and decides which of seven variants of a function
- *   runs; legacy90pxmccGetLibVersion tells which.
+ *   runs; legacy90pxmccGetLibVersion tells which. Variants do not always agree to the last bit: the
+ *   vector variants use shorter arithmetic in the leading columns of a row for plain interleaved
+ *   4:4:4 and 4:2:2, plain YUV, 4:1:1 and all encoders. One variant gives the same bytes always.
  */
 #ifndef PXMCC90LGC_H
 #define PXMCC90LGC_H
@@ -729,11 +731,12 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  *
  *     result[r] = twist[r][0] * s0 + twist[r][3] + twist[r][1] * s1 + twist[r][2] * s2
  *
- * computed in float in this order, rounded to the nearest integer, halves to even, and clamped. NaN
- * gives 0 in variant mx.
+ * computed in float in this order, rounded to the nearest integer, halves to even, and clamped; NaN
+ * gives 0. That is variant mx; the others add twist[r][3] last, so that a sum near a half may fall
+ * on its other side, give 127 for NaN, and 1 and -1 for plus and minus 0.50000006, where mx gives 0.
  *
- * C3: three bytes a pixel. AC4: four, the fourth being alpha: it is neither read nor written. P3:
- * three planes with one pitch. I: in place.
+ * C3: three bytes a pixel. AC4: four, the fourth being alpha: it plays no part, is not written, and
+ * behind the last pixel of a row not read. P3: three planes with one pitch. I: in place.
  *
  * @param src      the region's first pixel, or the first samples of three planes.
  * @param srcStep  source pitch in bytes, at least 1.
@@ -745,7 +748,8 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  * @param twist    twelve floats, row by row. Read only.
  *
  * Reads and writes width pixels in each of height rows. The rounding mode of MXCSR is the same
- * after the call as before; variant mx computes in the mode that it finds.
+ * after the call as before. Variant mx computes in the mode that it finds, the others to nearest:
+ * if the mode was another they restore all of MXCSR, exception flags included.
  *
  * @return in this order: pxmStatusNullPointer if src, dst (or srcDst) or twist is null, then if one
  * of the planes is; pxmStatusBadSize if width or height is below 1; pxmStatusBadStep if a pitch is

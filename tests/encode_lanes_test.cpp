@@ -155,13 +155,13 @@ TEST(LaneChroma, TheWeightOfBlueFromRgbIs16121) {
 }
 
 TEST(LaneCuts, VectorColumnsByLiteralWidths) {
-  constexpr Cut to422 = encodeCut<YCbCrGroup<2>, PlanarTarget<1, 1>>;
-  constexpr Cut to422Packed = encodeCut<YCbCrGroup<2>, PackedTarget422>;
-  constexpr Cut to420 = encodeCut<YCbCrGroup<4>, PlanarTarget<2, 1>>;
-  constexpr Cut to411 = encodeCut<YCbCrGroup<4>, PlanarTarget<1, 2>>;
-  constexpr Cut bgrToYuv = encodeCut<YuvGroupOfBgr<4>, PlanarTarget<2, 1>>;
-  constexpr Cut rgbToYuv420 = encodeCut<YuvGroupOfRgb<4>, PlanarTarget<2, 1>>;
-  constexpr Cut rgbToYuv422 = encodeCut<YuvGroupOfRgb<2>, PlanarTarget<1, 1>>;
+  constexpr Cut to422 = EncodeCut<YCbCrGroup<2>, PlanarTarget<1, 1>>::cut;
+  constexpr Cut to422Packed = EncodeCut<YCbCrGroup<2>, PackedTarget422>::cut;
+  constexpr Cut to420 = EncodeCut<YCbCrGroup<4>, PlanarTarget<2, 1>>::cut;
+  constexpr Cut to411 = EncodeCut<YCbCrGroup<4>, PlanarTarget<1, 2>>::cut;
+  constexpr Cut bgrToYuv = EncodeCut<YuvGroupOfBgr<4>, PlanarTarget<2, 1>>::cut;
+  constexpr Cut rgbToYuv420 = EncodeCut<YuvGroupOfRgb<4>, PlanarTarget<2, 1>>::cut;
+  constexpr Cut rgbToYuv422 = EncodeCut<YuvGroupOfRgb<2>, PlanarTarget<1, 1>>::cut;
   const struct {
     int width, to422, to420, to411, bgrToYuv, rgbToYuv;
   } rows[] = {{3, 0, 0, 0, 0, 0},       {4, 0, 4, 4, 4, 0},       {7, 0, 4, 4, 4, 0},

@@ -12,8 +12,15 @@ PXM_TEXT_BEGIN
 // Of at most sixteen columns: luma samples of each row, and parts of chroma for pairs of columns.
 template <int rows>
 struct LaneColumns {
-  __m128i luma[rows];
   LaneParts<I16x8> pairs;
+  __m128i luma[rows];
+
+  template <class Form>
+  PXM_INLINE LaneColumns(Form, const LaneParts<I16x8>& a, const LaneParts<I16x8>& b,
+                         const I16x8 (&left)[rows], const I16x8 (&right)[rows])
+      : pairs(Form::neighbours(a, b)) {
+    for (int row = 0; row < rows; ++row) luma[row] = saturatedBytes(left[row], right[row]);
+  }
 };
 
 // Chroma comes as bytes, samples of the first kind in the low half and of the second in the high
@@ -48,11 +55,10 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
   using Form = typename LaneFormOf<Pixels, typename Scalar::Group>::Type;
   using Parts = LaneParts<I16x8>;
   static constexpr int rowCount = Scalar::rowCount;
-  static constexpr Cut cut = encodeCut<typename Scalar::Group, TargetRow>;
+  static constexpr Cut cut = EncodeCut<typename Scalar::Group, TargetRow>::cut;
   static constexpr bool repeatsLastBlock = false;
 
-  PXM_INLINE void twoBlocks(ptrdiff_t x) const { block<16>(x); }
-
+  // Four columns share their chroma in 4:1:1: the sums of 32 fill a register.
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
     if constexpr (n == 32) {
@@ -77,18 +83,16 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
 
   template <int n>
   PXM_INLINE LaneColumns<rowCount> columns(ptrdiff_t x) const {
-    LaneColumns<rowCount> c;
-    I16x8 left[rowCount], right[rowCount];
-    const Parts a = eightColumns < n < 8 ? n : 8 > (x, left);
+    I16x8 left[rowCount];
     if constexpr (n == 16) {
+      I16x8 right[rowCount];
+      const Parts a = eightColumns<8>(x, left);
       const Parts b = eightColumns<8>(x + 8, right);
-      c.pairs = Form::neighbours(a, b);
-      for (int row = 0; row < rowCount; ++row) c.luma[row] = saturatedBytes(left[row], right[row]);
+      return LaneColumns<rowCount>(Form(), a, b, left, right);
     } else {
-      c.pairs = Form::neighbours(a, a);
-      for (int row = 0; row < rowCount; ++row) c.luma[row] = saturatedBytes(left[row], left[row]);
+      const Parts a = eightColumns<n>(x, left);
+      return LaneColumns<rowCount>(Form(), a, a, left, left);
     }
-    return c;
   }
 
   // At most eight columns of all rows.

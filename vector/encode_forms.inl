@@ -24,22 +24,34 @@ struct LaneFormOf<UnpackRgb565, YuvGroupOfRgb<n>> {
   using Type = LaneYuvOfRgb565;
 };
 
-// Required: the bounds of the YCbCr encoders to 4:2:2 and 4:2:0 are multiples of twice their main
-// block, and what is left of it then is scalar; so is all below 16 columns from RGB565.
+// Required: to 4:2:2 and 4:2:0 what is left of 32 and of 16 columns is scalar but for one block of
+// 8 and of 4 that the width's bits ask for, however wide the rest is; from RGB565 all of it is.
 template <class Group, class TargetRow>
-constexpr Cut encodeCut = {};
+struct EncodeCut;
 template <>
-constexpr Cut encodeCut<YCbCrGroup<2>, PlanarTarget<1, 1>> = {16, ~31, {8}};
+struct EncodeCut<YCbCrGroup<2>, PlanarTarget<1, 1>> {
+  static constexpr Cut cut = {16, ~31, {8}};
+};
 template <>
-constexpr Cut encodeCut<YCbCrGroup<2>, PackedTarget422> = {16, ~31, {8}};
+struct EncodeCut<YCbCrGroup<2>, PackedTarget422> {
+  static constexpr Cut cut = {16, ~31, {8}};
+};
 template <>
-constexpr Cut encodeCut<YCbCrGroup<4>, PlanarTarget<2, 1>> = {8, ~15, {4}};
+struct EncodeCut<YCbCrGroup<4>, PlanarTarget<2, 1>> {
+  static constexpr Cut cut = {16, ~15, {4}};
+};
 template <>
-constexpr Cut encodeCut<YCbCrGroup<4>, PlanarTarget<1, 2>> = {32, ~31, {16, 8, 4}};
+struct EncodeCut<YCbCrGroup<4>, PlanarTarget<1, 2>> {
+  static constexpr Cut cut = {32, ~31, {16, 8, 4}};
+};
 template <>
-constexpr Cut encodeCut<YuvGroupOfBgr<4>, PlanarTarget<2, 1>> = {8, ~7, {4}};
-template <class TargetRow, int n>
-constexpr Cut encodeCut<YuvGroupOfRgb<n>, TargetRow> = {8, ~15, {}};
+struct EncodeCut<YuvGroupOfBgr<4>, PlanarTarget<2, 1>> {
+  static constexpr Cut cut = {16, ~15, {8, 4}};
+};
+template <int n, class TargetRow>
+struct EncodeCut<YuvGroupOfRgb<n>, TargetRow> {
+  static constexpr Cut cut = {16, ~15, {}};
+};
 
 PXM_TEXT_END
 

@@ -57,8 +57,8 @@ PXM_INLINE __m128i twistedPixels(__m128i pixels, const TwistColumns& columns) {
   // Bytes: four of each channel, then those of the third once more.
   const __m128i bytes =
       _mm_packs_epi16(_mm_packs_epi32(first, second), _mm_packs_epi32(third, third));
-  const __m128i mixed = _mm_unpacklo_epi8(bytes, _mm_unpackhi_epi64(bytes, bytes));
-  return _mm_unpacklo_epi8(mixed, _mm_unpackhi_epi64(mixed, mixed));
+  const __m128i mixed = inTurn(bytes, upperBytes(bytes));
+  return inTurn(mixed, upperBytes(mixed));
 }
 
 // A pixel's three bytes, and no more, from and to any address.
@@ -77,7 +77,7 @@ PXM_INLINE uint64_t lowPixels(__m128i pixels) {
   return static_cast<uint64_t>(_mm_cvtsi128_si64(pixels));
 }
 
-// What runs after a kernel may lack the three-operand forms, and be slow on unclean registers.
+// Required: where there are upper halves a kernel ends by clearing them, although it uses none.
 PXM_INLINE void clearUpperHalves() {
 #ifdef __AVX__
   _mm256_zeroupper();
@@ -96,7 +96,7 @@ struct TwistRow {
       for (; left > 4; left -= 4, source += 4 * pixelBytes, out += 4 * pixelBytes) {
         const __m128i pixels = twistedPixels(loadFour(source), columns);
         storeTwo(out, lowPixels(pixels));
-        storeTwo(out + 2 * pixelBytes, lowPixels(_mm_unpackhi_epi64(pixels, pixels)));
+        storeTwo(out + 2 * pixelBytes, lowPixels(upperBytes(pixels)));
       }
       lastPixels(source, out, left, columns);
     }
@@ -127,13 +127,14 @@ struct TwistRow {
     const int third = count > 2 ? loadPixel(source + 2 * pixelBytes) : second;
     const int fourth = count > 3 ? loadPixel(source + 3 * pixelBytes) : third;
     const __m128i pixels = twistedPixels(_mm_setr_epi32(first, second, third, fourth), columns);
-    const uint64_t low = lowPixels(pixels), high = lowPixels(_mm_unpackhi_epi64(pixels, pixels));
+    const uint64_t low = lowPixels(pixels), high = lowPixels(upperBytes(pixels));
     storePixel(out, low);
     if (count > 1) storePixel(out + pixelBytes, low >> 32);
     if (count > 2) storePixel(out + 2 * pixelBytes, high);
     if (count > 3) storePixel(out + 3 * pixelBytes, high >> 32);
   }
 };
+// In place (TwistRowC3I, TwistRowAC4I) source and destination are one.
 using TwistRowC3 = TwistRow<3>;
 using TwistRowAC4 = TwistRow<4>;
 

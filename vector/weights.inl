@@ -8,7 +8,7 @@
 
 PXM_TEXT_BEGIN
 
-// A colour component in a lane: its bits stand `headroom` places below the top, zeros around them.
+// A colour component in a lane: its bits stand `room` places below the top, zeros around them.
 template <int room, class L>
 struct LaneField {
   L bits;
@@ -89,6 +89,16 @@ PXM_INLINE L chromaScaled(LaneField<room, L> upper, LaneField<room, L> lower) {
   if constexpr (room == 1) return shiftRightLogical<2>(upper.bits + lower.bits);
 }
 
+// Luma by three weights, and a bias in units of 1/128.
+template <class Unpack, int red, int green, int blue, int bias, class L>
+PXM_INLINE LanePixels<Unpack, L> pixelsOf(L word) {
+  const auto r = Unpack::red(word);
+  const auto g = Unpack::green(word);
+  const auto b = Unpack::blue(word);
+  const L sum = weighted<red>(r) + weighted<green>(g) + weighted<blue>(b) + all<L>(bias);
+  return {r, g, b, shiftRightLogical<7>(sum)};
+}
+
 // What the chroma of a group is made from, at first a lane for each column and then for each group.
 template <class L>
 struct LaneParts {
@@ -104,22 +114,25 @@ PXM_INLINE LaneParts<L> parts(L first, L second, L third) {
   return {first, second, third};
 }
 
+// The sums of neighbours, those of the third part `factor` times as large.
+template <int factor, class L>
+PXM_INLINE LaneParts<L> addParts(const LaneParts<L>& a, const LaneParts<L>& b) {
+  return {addNeighbours<1>(a.first, b.first), addNeighbours<1>(a.second, b.second),
+          addNeighbours<factor>(a.third, b.third)};
+}
+
 // A lane form is made of four steps. `pixels` takes words to what each pixel gives, its luma sample
 // among it. `columns` takes one row, or two, to parts; `neighbours` adds those of neighbouring
 // columns, or pairs of columns; `chroma` takes the sums of n pixels to the group's two samples.
 
-// YCbCr: luma from 2112 >> 7 for black to 29639 >> 7 for white.
+// YCbCr: luma from 2112 >> 7 for black to 29637 >> 7 for white.
 template <class Pixels>
 struct LaneYCbCr {
   using Unpack = LaneUnpack<Pixels>;
 
   template <class L>
   PXM_INLINE static LanePixels<Unpack, L> pixels(L word) {
-    const auto r = Unpack::red(word);
-    const auto g = Unpack::green(word);
-    const auto b = Unpack::blue(word);
-    const L sum = weighted<8422>(r) + weighted<16515>(g) + weighted<3212>(b) + all<L>(2112);
-    return {r, g, b, shiftRightLogical<7>(sum)};
+    return pixelsOf<Unpack, 8422, 16515, 3212, 2112>(word);
   }
 
   template <class... P>
@@ -130,8 +143,7 @@ struct LaneYCbCr {
 
   template <class L>
   PXM_INLINE static LaneParts<L> neighbours(const LaneParts<L>& a, const LaneParts<L>& b) {
-    return {addNeighbours<1>(a.first, b.first), addNeighbours<1>(a.second, b.second),
-            addNeighbours<1>(a.third, b.third)};
+    return addParts<1>(a, b);
   }
 
   // The bias is 128 and an eighth of a level.
@@ -160,11 +172,7 @@ struct LaneYuvOfBgr {
 
   template <class L>
   PXM_INLINE static LanePixels<Unpack, L> pixels(L word) {
-    const auto r = Unpack::red(word);
-    const auto g = Unpack::green(word);
-    const auto b = Unpack::blue(word);
-    const L sum = weighted<9798>(r) + weighted<19235>(g) + weighted<3736>(b) + all<L>(64);
-    return {r, g, b, shiftRightLogical<7>(sum)};
+    return pixelsOf<Unpack, 9798, 19235, 3736, 64>(word);
   }
 
   template <class P>
@@ -175,8 +183,7 @@ struct LaneYuvOfBgr {
 
   template <class L>
   PXM_INLINE static LaneParts<L> neighbours(const LaneParts<L>& a, const LaneParts<L>& b) {
-    return {addNeighbours<1>(a.first, b.first), addNeighbours<1>(a.second, b.second),
-            addNeighbours<32>(a.third, b.third)};
+    return addParts<32>(a, b);
   }
 
   template <int n, class L>
@@ -187,6 +194,7 @@ struct LaneYuvOfBgr {
   }
 
  private:
+  // 8224 is 128 and a half.
   template <int weight, class L>
   PXM_INLINE static L fromDifference(L difference) {
     return shiftRight<6>(LaneMulHi(difference, all<L>(weight)) + all<L>(8224));
@@ -222,8 +230,7 @@ struct LaneYuvOfRgb565 {
 
   template <class L>
   PXM_INLINE static LaneParts<L> neighbours(const LaneParts<L>& a, const LaneParts<L>& b) {
-    return {addNeighbours<1>(a.first, b.first), addNeighbours<1>(a.second, b.second),
-            addNeighbours<1>(a.third, b.third)};
+    return addParts<1>(a, b);
   }
 
   template <int n, class L>

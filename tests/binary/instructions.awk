@@ -8,7 +8,8 @@ BEGIN {
          "|padd(b|w|d|q|sb|sw|usb|usw)|psub(b|w|d|q|sb|sw|usb|usw)|pmul(lw|hw|huw|udq)|pmaddwd" \
          "|pand|pandn|por|pxor|pcmp(eq|gt)[bwd]|ps(ll|rl)[wdq]|psra[wd]|ps(ll|rl)dq" \
          "|pshuf(d|lw|hw)|shufp[sd]|pm(in|ax)(sw|ub)|pavg[bw]|psadbw|pinsrw|pextrw|pmovmskb" \
-         "|cvt.*|(add|sub|mul|div|min|max|sqrt)[sp][sd]|(and|or|xor|andn)p[sd]|u?comis[sd]|cmp.*[sp][sd]"
+         "|cvt(dq2ps|ps2dq|tps2dq|(t?ss|t?sd)2sil?q?|si2s[sd][lq]?|ss2sd|sd2ss|t?pd2dq|dq2pd|ps2pd|pd2ps)"\
+         "|(add|sub|mul|div|min|max|sqrt)[sp][sd]|(and|or|xor|andn)p[sd]|u?comis[sd]|cmp(eq|lt|le|unord|neq|nlt|nle|ord)[sp][sd]"
   ssse3 = "pshufb|palignr|pmaddubsw|pmulhrsw|pabs[bwd]|psign[bwd]|ph(add|sub)(w|d|sw)"
   sse41 = "pmov[sz]x..|pinsr[bdq]|pextr[bdq]|pblendw|blendp[sd]|pm(in|ax)(sb|sd|uw|ud)|pmulld|packusdw|insertps"
   # AVX gives the three-operand form of everything up to SSE4.2, and a few of its own.
@@ -26,7 +27,8 @@ BEGIN {
   if (variant == "e9" || variant == "l9") sub(/\^/, "^v", allowed)
 
   bmi = "shlx|sarx|shrx|rorx|mulx|andn|bextr|bls(i|r|msk)|bzhi|pdep|pext"
-  rare = "lzcnt|popcnt|movbe|crc32.*"
+  rare = "lzcnt|popcnt|movbe|crc32.*|adc?ox|rdrand|rdseed|clflushopt|k(mov|or|and|xor|test).*" \
+         "|prefetch.*|movnt.*"  # these are of old, and of no use to kernels
   later = "^(" bmi "|" rare "|xgetbv|v.*)$"
   if (level == "frame") later = "^(" bmi "|" rare "|v.*)$"
   if (variant == "l9") later = "^(" rare "|xgetbv|v?p?gather.*)$"
@@ -35,11 +37,17 @@ BEGIN {
   else avxState = "^$"
 }
 
-/%[xyz]mm/ {
+$2 != "" { count++ }
+/%[xyz]?mm/ {
   if ($2 !~ allowed) print $2
+  # Later forms of listed names: to memory it is SSE4.1, and masks and registers 16 to 31 are AVX-512.
+  if ($2 == "pextrw" && /\)$/ && level != "y8-depth") print $2, "to memory"
+  if (/%[xy]mm(1[6-9]|2[0-9]|3[01])|%k[0-7]|\{/) print $2, "with masks or more registers"
   if (/%zmm/ || (/%ymm/ && level != "l9")) print $2, "with wide registers"
   # From memory it is AVX, from a register AVX2.
   if (variant == "e9" && $2 ~ /^vbroadcast/ && $3 ~ /^%/) print $2, "from a register"
   next
 }
 $2 ~ later && $2 !~ avxState { print $2 }
+
+END { print count + 0 }

@@ -109,7 +109,7 @@ PXM_INLINE I16x8 inHighBytes(__m128i bytes) {
   return {_mm_unpacklo_epi8(_mm_setzero_si128(), bytes)};
 }
 
-// Each of the low four bytes twice, side by side.
+// Each of the low eight bytes twice, side by side.
 PXM_INLINE __m128i doubled(__m128i bytes) {
   return _mm_unpacklo_epi8(bytes, bytes);
 }

@@ -1,3 +1,3 @@
 // SPDX-License-Identifier: MIT
-// u8: SSSE3 processors. Decoding uses SSE2 lanes alone.
+// u8: SSSE3 processors. Kernels use SSE2 lanes alone, depth conversions byte shuffles.
 #include "vector/sse/lanes.inl"

@@ -73,9 +73,12 @@ PXM_INLINE void packEight(const uint8_t* source, uint8_t* out) {
 }
 
 PXM_INLINE void packRow(const uint8_t* source, uint8_t* out, int width) {
-  ptrdiff_t x = 0;
-  if (width >= 16)
-    x = inBlocks<8>(0, width, [=](ptrdiff_t i) { packEight(source + 3 * i, out + 2 * i); });
+  const auto eight = [=](ptrdiff_t i) { packEight(source + 3 * i, out + 2 * i); };
+  ptrdiff_t x = inBlocks<16>(0, width, [=](ptrdiff_t i) {
+    eight(i);
+    eight(i + 8);
+  });
+  if (x > 0) x = inBlocks<8>(x, width, eight);
   packColumns(source, out, x, width);
 }
 
