@@ -43,6 +43,13 @@ constexpr bool hasBlocks = true;
 #else
 constexpr bool hasBlocks = false;
 #endif
+
+// Whether blocks are worked on in 256-bit registers as far as they go. No byte depends on it.
+#ifdef PXM_WIDE_LANES
+constexpr bool hasWideLanes = true;
+#else
+constexpr bool hasWideLanes = false;
+#endif
 PXM_TEXT_END
 
 #endif

@@ -152,7 +152,7 @@ TEST_P(TwistExhaustive, AllTriplesThroughMatricesInEveryMode) {
       const unsigned before = _mm_getcsr();
       _mm_setcsr((before & ~0x6000u) | mode);
       // Plain code follows the mode. One matrix a layout shows it in all four.
-      if (mode == _MM_ROUND_NEAREST || i == first) {
+      if (runnableVariants().front() == 0 && (mode == _MM_ROUND_NEAREST || i == first)) {
         EXPECT_TRUE(got(all[i], 0) == expected(all[i], 0)) << all[i].name << " " << i << " mx";
       }
       for (const int variant : runnableVariants()) {

@@ -60,6 +60,7 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = cutOf<SourceRows, Chain>;
   static constexpr bool repeatsLastBlock = ChainOf<Form>::repeatsLastBlock;
+  static constexpr int widest = 16;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -69,8 +70,10 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
 
   // Two blocks of eight. Where pairs of pixels share a sample, eight samples serve both, and their
   // terms are doubled instead of them.
-  PXM_INLINE void twoBlocks(ptrdiff_t x) const {
-    if constexpr (sharesInPairs<SourceRows>) {
+  PXM_INLINE void widestBlock(ptrdiff_t x) const {
+    if constexpr (hasWideLanes) {
+      sixteenColumns(*this, x);
+    } else if constexpr (sharesInPairs<SourceRows>) {
       const LaneTerms<I16x8> t =
           Chain::chroma(inHighBytes(loadBytes<8>(this->source.cb + (x >> 1))),
                         inHighBytes(loadBytes<8>(this->source.cr + (x >> 1))));
@@ -108,6 +111,7 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = cutByEight;
   static constexpr bool repeatsLastBlock = false;
+  static constexpr int widest = 16;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -115,10 +119,15 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
     pixels(x, p.first, p.second, p.third);
   }
 
-  PXM_INLINE void twoBlocks(ptrdiff_t x) const {
-    const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
-    pixels(x, inHighBytes(p.first), inHighBytes(p.second), inHighBytes(p.third));
-    pixels(x + 8, upperInHighBytes(p.first), upperInHighBytes(p.second), upperInHighBytes(p.third));
+  PXM_INLINE void widestBlock(ptrdiff_t x) const {
+    if constexpr (hasWideLanes) {
+      sixteenColumns(*this, x);
+    } else {
+      const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
+      pixels(x, inHighBytes(p.first), inHighBytes(p.second), inHighBytes(p.third));
+      pixels(x + 8, upperInHighBytes(p.first), upperInHighBytes(p.second),
+             upperInHighBytes(p.third));
+    }
   }
 
   PXM_INLINE void pixels(ptrdiff_t x, I16x8 y, I16x8 cb, I16x8 cr) const {

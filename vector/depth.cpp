@@ -2,7 +2,9 @@
 // Depth conversion in lanes; compiled once for each vector variant, at the level that it may use.
 #include PXM_VARIANT_TEXT
 
-#ifdef __SSSE3__
+#if defined(PXM_WIDE_LANES)
+#include "vector/avx2/depth.inl"
+#elif defined(__SSSE3__)
 #include "vector/ssse3/depth.inl"
 #else
 #include "vector/sse/depth.inl"

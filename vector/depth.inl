@@ -8,16 +8,26 @@
 
 PXM_TEXT_BEGIN
 
-// Pixels, each in a 32-bit lane, as 0, byte 0, byte 1, byte 2.
+// The words that make a pixel in a 32-bit lane: 0 and byte 0, byte 1 and byte 2.
+template <class L>
+struct SpreadWords {
+  L low, high;
+};
+
+template <class L>
+PXM_INLINE SpreadWords<L> spreadWords(L words) {
+  return {shiftLeft<11>(words),
+          (shiftRightLogical<3>(words) & all<L>(0xFC)) | (words & all<L>(0xF800))};
+}
+
+// Four pixels in each register.
 struct SpreadPixels {
-  __m128i first, second;  // four each
+  __m128i first, second;
 };
 
 PXM_INLINE SpreadPixels spreadPixels(I16x8 words) {
-  const I16x8 low = shiftLeft<11>(words);
-  const I16x8 high =
-      (shiftRightLogical<3>(words) & all<I16x8>(0xFC)) | (words & all<I16x8>(0xF800));
-  return {_mm_unpacklo_epi16(low.v, high.v), _mm_unpackhi_epi16(low.v, high.v)};
+  const SpreadWords<I16x8> w = spreadWords(words);
+  return {_mm_unpacklo_epi16(w.low.v, w.high.v), _mm_unpackhi_epi16(w.low.v, w.high.v)};
 }
 
 PXM_INLINE SpreadPixels spreadEight(const uint8_t* source) {

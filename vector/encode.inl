@@ -57,17 +57,20 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
   static constexpr int rowCount = Scalar::rowCount;
   static constexpr Cut cut = EncodeCut<typename Scalar::Group, TargetRow>::cut;
   static constexpr bool repeatsLastBlock = false;
+  static constexpr int widest = hasWideLanes ? 32 : 0;
+
+  PXM_INLINE void widestBlock(ptrdiff_t x) const { thirtyTwoColumns(*this, x); }
 
   // Four columns share their chroma in 4:1:1: the sums of 32 fill a register.
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
     if constexpr (n == 32) {
-      const LaneColumns<rowCount> left = columns<16>(x), right = columns<16>(x + 16);
+      const LaneColumns<rowCount> left = sample<16>(x), right = sample<16>(x + 16);
       storeLuma<16>(this->target, x, left);
       storeLuma<16>(this->target, x + 16, right);
       storeChroma<32>(this->target, x, right, chroma(Form::neighbours(left.pairs, right.pairs)));
     } else {
-      const LaneColumns<rowCount> c = columns<n>(x);
+      const LaneColumns<rowCount> c = sample<n>(x);
       storeLuma<n>(this->target, x, c);
       if constexpr (Scalar::columns == 2) storeChroma<n>(this->target, x, c, chroma(c.pairs));
       if constexpr (Scalar::columns == 4)
@@ -82,7 +85,7 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
   }
 
   template <int n>
-  PXM_INLINE LaneColumns<rowCount> columns(ptrdiff_t x) const {
+  PXM_INLINE LaneColumns<rowCount> sample(ptrdiff_t x) const {
     I16x8 left[rowCount];
     if constexpr (n == 16) {
       I16x8 right[rowCount];

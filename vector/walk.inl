@@ -33,14 +33,15 @@ PXM_INLINE void blockIfWidthHas(const Row& row, ptrdiff_t& x, int width) {
     }
 }
 
-// Walks one row, or the rows that share a row of chroma, from the left.
+// Walks one row, or the rows that share a row of chroma, from the left. Several main blocks may be
+// worked on at once: `widest` columns.
 template <class Row>
 PXM_INLINE void walk(const Row& row, int width) {
   constexpr Cut cut = Row::cut;
   ptrdiff_t x = 0;
   const ptrdiff_t end = width & cut.bound;
-  if constexpr (cut.main == 8)
-    for (; x + 16 <= end; x += 16) row.twoBlocks(x);
+  if constexpr (Row::widest != 0)
+    for (; x + Row::widest <= end; x += Row::widest) row.widestBlock(x);
   for (; x < end; x += cut.main) row.template block<cut.main>(x);
   blockIfWidthHas<cut.smaller[0]>(row, x, width);
   blockIfWidthHas<cut.smaller[1]>(row, x, width);

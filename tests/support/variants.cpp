@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "frame/dispatch.h"
 
@@ -43,6 +45,12 @@ void reportSkipped(int variant) {
   reported[variant] = true;
 }
 
+// PXM_TEST_VARIANTS names those that are wanted, in any form that has their tags in it.
+bool isWanted(int variant) {
+  const char* const wanted = std::getenv("PXM_TEST_VARIANTS");
+  return wanted == nullptr || std::strstr(wanted, variantTags[variant]) != nullptr;
+}
+
 }  // namespace
 
 SlotTable slotsOf(const Conversion& conversion) {
@@ -64,6 +72,7 @@ SelectedVariant::~SelectedVariant() {
 std::vector<int> runnableVariants() {
   std::vector<int> variants;
   for (int v = 0; v < variantCount; ++v) {
+    if (!isWanted(v)) continue;
     if (machineRuns(v))
       variants.push_back(v);
     else

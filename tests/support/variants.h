@@ -16,7 +16,7 @@ using SlotTable = const void* const*;
 SlotTable slotsOf(const Conversion& conversion);
 
 // The variants that this machine can run, in slot order; the others are reported once, on standard
-// error.
+// error. PXM_TEST_VARIANTS in the environment, such as "l9" or "mx m7", leaves the others out.
 std::vector<int> runnableVariants();
 
 // Stores VariantIndex for the life of the object: every exported name jumps to that variant.

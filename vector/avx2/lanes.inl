@@ -31,6 +31,12 @@ PXM_INLINE I16x16 operator&(I16x16 a, I16x16 b) {
 PXM_INLINE I16x16 operator|(I16x16 a, I16x16 b) {
   return {_mm256_or_si256(a.v, b.v)};
 }
+PXM_INLINE I16x16 operator^(I16x16 a, I16x16 b) {
+  return {_mm256_xor_si256(a.v, b.v)};
+}
+PXM_INLINE I16x16 average(I16x16 a, I16x16 b) {
+  return {_mm256_avg_epu16(a.v, b.v)};
+}
 PXM_INLINE I16x16 min(I16x16 a, I16x16 b) {
   return {_mm256_min_epi16(a.v, b.v)};
 }
@@ -41,9 +47,17 @@ PXM_INLINE I16x16 LaneMulHi(I16x16 a, I16x16 b) {
   return {_mm256_mulhi_epi16(a.v, b.v)};
 }
 
+PXM_INLINE I16x16 LaneMulHiU(I16x16 a, I16x16 b) {
+  return {_mm256_mulhi_epu16(a.v, b.v)};
+}
+
 template <int n>
 PXM_INLINE I16x16 shiftLeft(I16x16 a) {
   return {_mm256_slli_epi16(a.v, n)};
+}
+template <int n>
+PXM_INLINE I16x16 shiftRight(I16x16 a) {
+  return {_mm256_srai_epi16(a.v, n)};
 }
 template <int n>
 PXM_INLINE I16x16 shiftRightLogical(I16x16 a) {
@@ -51,6 +65,23 @@ PXM_INLINE I16x16 shiftRightLogical(I16x16 a) {
 }
 PXM_INLINE I16x16 shiftLeft(I16x16 a, LaneShift s) {
   return {_mm256_sll_epi16(a.v, s.count)};
+}
+
+// In each half those of a and then those of b.
+template <int factor>
+PXM_INLINE I16x16 addNeighbours(I16x16 a, I16x16 b) {
+  const __m256i factors = _mm256_set1_epi16(factor);
+  return {_mm256_packs_epi32(_mm256_madd_epi16(a.v, factors), _mm256_madd_epi16(b.v, factors))};
+}
+
+// Eight lanes, the same in both halves.
+template <>
+PXM_INLINE I16x16 loadLanes<I16x16>(const void* p) {
+  return {_mm256_broadcastsi128_si256(_mm_loadu_si128(static_cast<const __m128i*>(p)))};
+}
+
+PXM_INLINE I16x16 loadHalves(const uint8_t* low, const uint8_t* high) {
+  return {_mm256_set_m128i(loadBytes<16>(high), loadBytes<16>(low))};
 }
 
 PXM_INLINE I16x16 load16Lanes(const uint8_t* p) {

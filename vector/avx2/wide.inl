@@ -22,6 +22,7 @@ using Blocks420 = Blocks<PlanarRows<2, 1>, DecodeStaged, Packer, DecodeStaged>;
 template <class Packer>
 struct WideRows420 : Blocks420<Packer> {
   static constexpr Cut cut = cutBySixteenEight;
+  static constexpr int widest = 0;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -75,6 +76,7 @@ using Blocks422 = Blocks<PackedRow422LastCr, DecodeRoundedLow, Packer, DecodeRou
 template <class Packer>
 struct WideRow422 : Blocks422<Packer> {
   static constexpr Cut cut = cutBySixteenEight;
+  static constexpr int widest = 0;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {

@@ -11,16 +11,20 @@ PXM_TEXT_BEGIN
 
 // The twelve bytes of four pixels in three 32-bit lanes of four; one lane is a gap.
 template <int gap>
-PXM_INLINE __m128i twelveBytes(__m128i spread) {
+PXM_INLINE __m128i twelvePlaces() {
   constexpr int first = 0x05030201, second = 0x0A090706, third = 0x0F0E0D0B, none = -1;
-  return _mm_shuffle_epi8(spread, _mm_setr_epi32(gap == 0 ? none : first,
-                                                 gap == 0   ? first
-                                                 : gap == 1 ? none
-                                                            : second,
-                                                 gap == 3   ? third
-                                                 : gap == 2 ? none
-                                                            : second,
-                                                 gap == 3 ? none : third));
+  return _mm_setr_epi32(gap == 0 ? none : first,
+                        gap == 0   ? first
+                        : gap == 1 ? none
+                                   : second,
+                        gap == 3   ? third
+                        : gap == 2 ? none
+                                   : second,
+                        gap == 3 ? none : third);
+}
+template <int gap>
+PXM_INLINE __m128i twelveBytes(__m128i spread) {
+  return _mm_shuffle_epi8(spread, twelvePlaces<gap>());
 }
 
 // The last bytes of a, `from` on, and then the first of b.
@@ -45,42 +49,58 @@ PXM_INLINE void expandEight(const uint8_t* source, uint8_t* out) {
   storeBytes<8>(out + 16, upperBytes(b));
 }
 
-PXM_INLINE void expandRow(const uint8_t* source, uint8_t* out, int width) {
-  ptrdiff_t x =
-      inBlocks<16>(0, width, [=](ptrdiff_t i) { expandSixteen(source + 2 * i, out + 3 * i); });
+// Four pixels: the words of byte 0 below byte 1 in the low half, byte 2 as high bytes of words in
+// the high half. The first pixel's byte 0 is byte `from`.
+template <int from>
+PXM_INLINE __m128i splitPlaces() {
+  return _mm_setr_epi8(from, from + 1, from + 3, from + 4, from + 6, from + 7, from + 9, from + 10,
+                       -1, from + 2, -1, from + 5, -1, from + 8, -1, from + 11);
+}
+
+PXM_INLINE I16x8 multiplyAddBytes(I16x8 a, int low, int high) {
+  return {_mm_maddubs_epi16(a.v, _mm_set1_epi16(static_cast<short>(high << 8 | low)))};
+}
+
+// 64 times byte 1 plus byte 0 holds both fields, three places too high.
+template <class L>
+PXM_INLINE L packedFields(L low, L high) {
+  return shiftRightLogical<3>(multiplyAddBytes(low & all<L>(0xFCFF), 1, 64)) |
+         (high & all<L>(0xF800));
+}
+
+PXM_INLINE void packEight(const uint8_t* source, uint8_t* out) {
+  const __m128i a = _mm_shuffle_epi8(loadBytes<16>(source), splitPlaces<0>());
+  const __m128i b = _mm_shuffle_epi8(loadBytes<16>(source + 8), splitPlaces<4>());
+  storePixels<8>(out,
+                 packedFields(I16x8{_mm_unpacklo_epi64(a, b)}, I16x8{_mm_unpackhi_epi64(a, b)}));
+}
+
+// The columns x to width - 1 of a row.
+PXM_INLINE void expandFrom(ptrdiff_t x, const uint8_t* source, uint8_t* out, int width) {
+  x = inBlocks<16>(x, width, [=](ptrdiff_t i) { expandSixteen(source + 2 * i, out + 3 * i); });
   x = inBlocks<8>(x, width, [=](ptrdiff_t i) { expandEight(source + 2 * i, out + 3 * i); });
   expandColumns(source, out, x, width);
 }
 
-// Four pixels: the words of byte 0 below byte 1 in the low half, byte 2 as high bytes of words in
-// the high half. The first pixel's byte 0 is byte `from`.
-template <int from>
-PXM_INLINE __m128i splitFour(__m128i bytes) {
-  const __m128i places = _mm_setr_epi8(0, 1, 3, 4, 6, 7, 9, 10, -1, 2, -1, 5, -1, 8, -1, 11);
-  const __m128i offset = _mm_setr_epi8(from, from, from, from, from, from, from, from, 0, from, 0,
-                                       from, 0, from, 0, from);
-  return _mm_shuffle_epi8(bytes, _mm_add_epi8(places, offset));
-}
-
-// 64 times byte 1 plus byte 0 holds both fields, three places too high.
-PXM_INLINE void packEight(const uint8_t* source, uint8_t* out) {
-  const __m128i a = splitFour<0>(loadBytes<16>(source));
-  const __m128i b = splitFour<4>(loadBytes<16>(source + 8));
-  const I16x8 low = I16x8{_mm_unpacklo_epi64(a, b)} & all<I16x8>(0xFCFF);
-  const I16x8 high = I16x8{_mm_unpackhi_epi64(a, b)} & all<I16x8>(0xF800);
-  const I16x8 fields = {_mm_maddubs_epi16(low.v, _mm_set1_epi16(64 << 8 | 1))};
-  storePixels<8>(out, shiftRightLogical<3>(fields) | high);
-}
-
-PXM_INLINE void packRow(const uint8_t* source, uint8_t* out, int width) {
+PXM_INLINE void packFrom(ptrdiff_t x, const uint8_t* source, uint8_t* out, int width) {
   const auto eight = [=](ptrdiff_t i) { packEight(source + 3 * i, out + 2 * i); };
-  ptrdiff_t x = inBlocks<16>(0, width, [=](ptrdiff_t i) {
+  x = inBlocks<16>(x, width, [=](ptrdiff_t i) {
     eight(i);
     eight(i + 8);
   });
   if (x > 0) x = inBlocks<8>(x, width, eight);
   packColumns(source, out, x, width);
 }
+
+#ifndef PXM_WIDE_LANES
+PXM_INLINE void expandRow(const uint8_t* source, uint8_t* out, int width) {
+  expandFrom(0, source, out, width);
+}
+
+PXM_INLINE void packRow(const uint8_t* source, uint8_t* out, int width) {
+  packFrom(0, source, out, width);
+}
+#endif
 
 PXM_TEXT_END
 

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// Two blocks of eight columns in one register of sixteen lanes: which samples reach which lanes.
+#ifndef PXM_VECTOR_AVX2_DECODE_INL
+#define PXM_VECTOR_AVX2_DECODE_INL
+
+#include "decode/sources.inl"
+#include "vector/avx2/lanes.inl"
+#include "vector/packers.inl"
+
+PXM_TEXT_BEGIN
+
+// For each lane the byte of its half that becomes its high byte; -1 is zero, as the low bytes are.
+struct SamplePlaces {
+  alignas(32) int8_t bytes[32];
+};
+
+template <class PlaceOf>
+constexpr SamplePlaces samplePlaces() {
+  SamplePlaces p = {};
+  for (int lane = 0; lane < 16; ++lane) {
+    p.bytes[2 * lane] = -1;
+    p.bytes[2 * lane + 1] = static_cast<int8_t>(PlaceOf::lane(lane));
+  }
+  return p;
+}
+
+template <class PlaceOf>
+PXM_INLINE I16x16 samplesAt(__m256i bytes) {
+  static constexpr SamplePlaces places = samplePlaces<PlaceOf>();
+  return {_mm256_shuffle_epi8(bytes,
+                              _mm256_load_si256(reinterpret_cast<const __m256i*>(places.bytes)))};
+}
+
+// Samples in a row, each for `share` lanes; the bytes stand in both halves.
+template <int share>
+struct PlanarPlaces {
+  static constexpr int lane(int i) { return i / share; }
+};
+// Y, Cb, Y, Cr: byte 1 or 3 of four, for two lanes.
+template <int byte>
+struct PackedPlaces422 {
+  static constexpr int lane(int i) { return i % 8 / 2 * 4 + byte; }
+};
+// Byte `channel` of eight pixels of three: those below byte 16, or those from it on in bytes that
+// begin at 8.
+template <int channel, bool beyond>
+struct PackedPlaces444 {
+  static constexpr int lane(int i) {
+    const int place = 3 * (i % 8) + channel;
+    return (place >= 16) != beyond ? -1 : beyond ? place - 8 : place;
+  }
+};
+
+template <int n>
+PXM_INLINE __m256i loadTwice(const uint8_t* p) {
+  return _mm256_broadcastsi128_si256(loadBytes<n>(p));
+}
+struct WideChroma {
+  I16x16 cb, cr;
+};
+
+template <int rows, int shift>
+PXM_INLINE I16x16 wideLumaLanes(const PlanarRows<rows, shift>& source, int row, ptrdiff_t x) {
+  return samplesAt<PlanarPlaces<1>>(loadTwice<16>(source.luma[row] + x));
+}
+template <int rows, int shift>
+PXM_INLINE WideChroma wideChromaLanes(const PlanarRows<rows, shift>& source, ptrdiff_t x) {
+  using Places = PlanarPlaces<(1 << shift)>;
+  return {samplesAt<Places>(loadTwice<(16 >> shift)>(source.cb + (x >> shift))),
+          samplesAt<Places>(loadTwice<(16 >> shift)>(source.cr + (x >> shift)))};
+}
+
+PXM_INLINE I16x16 wideLumaLanes(const PackedRow422& source, int, ptrdiff_t x) {
+  return shiftLeft<8>(load16Lanes(source.samples + 2 * x));
+}
+PXM_INLINE WideChroma wideChromaLanes(const PackedRow422& source, ptrdiff_t x) {
+  const __m256i words = load16Lanes(source.samples + 2 * x).v;
+  return {samplesAt<PackedPlaces422<1>>(words), samplesAt<PackedPlaces422<3>>(words)};
+}
+
+// Eight pixels in each half.
+template <int channel>
+PXM_INLINE I16x16 channelOf444(const PackedRow444& source, ptrdiff_t x) {
+  const uint8_t* const p = source.samples + 3 * x;
+  return samplesAt<PackedPlaces444<channel, false>>(loadHalves(p, p + 24).v) |
+         samplesAt<PackedPlaces444<channel, true>>(loadHalves(p + 8, p + 32).v);
+}
+PXM_INLINE I16x16 wideLumaLanes(const PackedRow444& source, int, ptrdiff_t x) {
+  return channelOf444<0>(source, x);
+}
+PXM_INLINE WideChroma wideChromaLanes(const PackedRow444& source, ptrdiff_t x) {
+  return {channelOf444<1>(source, x), channelOf444<2>(source, x)};
+}
+
+template <class Row>
+PXM_INLINE I16x16 packedSixteen(const Row& row, int r, ptrdiff_t x,
+                                const LaneTerms<I16x16>& terms) {
+  const typename LanePackerOf<typename Row::Packer>::Type packer(row.packer, row.out[r].number);
+  return packer.pack(join(Row::Chain::luma(wideLumaLanes(row.source, r, x)), terms));
+}
+
+// Stores are in the order of blocks of eight, upper row first.
+template <class Row>
+PXM_INLINE void sixteenColumns(const Row& row, ptrdiff_t x) {
+  const WideChroma c = wideChromaLanes(row.source, x);
+  const LaneTerms<I16x16> terms = Row::Chain::chroma(c.cb, c.cr);
+  const I16x16 upper = packedSixteen(row, 0, x, terms);
+  uint8_t* const out = row.out[0].pixels + 2 * x;
+  if constexpr (Row::rowCount == 1) {
+    storePixels(out, upper);
+  } else {
+    const I16x16 lower = packedSixteen(row, 1, x, terms);
+    uint8_t* const below = row.out[1].pixels + 2 * x;
+    storePixels<8>(out, lowHalf(upper));
+    storePixels<8>(below, lowHalf(lower));
+    storePixels<8>(out + 16, highHalf(upper));
+    storePixels<8>(below + 16, highHalf(lower));
+  }
+}
+
+PXM_TEXT_END
+
+#endif
