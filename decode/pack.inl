@@ -38,6 +38,8 @@ struct Fields : Layout<depth> {
   PXM_INLINE explicit Fields(int isBgr)
       : redShift(isBgr ? topShift : 0), blueShift(isBgr ? 0 : topShift) {}
 
+  PXM_INLINE bool isBgr() const { return redShift != 0; }
+
   PXM_INLINE uint16_t word(int red, int green, int blue) const {
     return static_cast<uint16_t>(red << redShift | green << greenShift | blue << blueShift);
   }

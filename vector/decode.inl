@@ -5,6 +5,7 @@
 #define PXM_VECTOR_DECODE_INL
 
 #include "decode/columns.inl"
+#include "vector/byte_packers.inl"
 #include "vector/forms.inl"
 #include "vector/packers.inl"
 #include "vector/walk.inl"
@@ -77,24 +78,68 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
       const LaneTerms<I16x8> t =
           Chain::chroma(inHighBytes(loadBytes<8>(this->source.cb + (x >> 1))),
                         inHighBytes(loadBytes<8>(this->source.cr + (x >> 1))));
-      pixels<8>(x, LaneTerms<I16x8>{lowLanesDoubled(t.red), lowLanesDoubled(t.green),
-                                    lowLanesDoubled(t.blue)});
-      pixels<8>(x + 8, LaneTerms<I16x8>{highLanesDoubled(t.red), highLanesDoubled(t.green),
-                                        highLanesDoubled(t.blue)});
+      twoBlocks(x,
+                LaneTerms<I16x8>{lowLanesDoubled(t.red), lowLanesDoubled(t.green),
+                                 lowLanesDoubled(t.blue)},
+                LaneTerms<I16x8>{highLanesDoubled(t.red), highLanesDoubled(t.green),
+                                 highLanesDoubled(t.blue)});
     } else {
-      block<8>(x);
-      block<8>(x + 8);
+      const LaneChroma a = chromaLanes<8>(this->source, x), b = chromaLanes<8>(this->source, x + 8);
+      twoBlocks(x, Chain::chroma(a.cb, a.cr), Chain::chroma(b.cb, b.cr));
     }
+  }
+
+  PXM_INLINE void twoBlocks(ptrdiff_t x, const LaneTerms<I16x8>& a,
+                            const LaneTerms<I16x8>& b) const {
+    if constexpr (Packer::dithers) {
+      pixels<8>(x, a);
+      pixels<8>(x + 8, b);
+    } else if (this->packer.isBgr()) {
+      sixteenPixels<true>(x, a, b);
+    } else {
+      sixteenPixels<false>(x, a, b);
+    }
+  }
+
+  // Stores are in the order of blocks of eight.
+  template <bool isBgr>
+  PXM_INLINE void sixteenPixels(ptrdiff_t x, const LaneTerms<I16x8>& a,
+                                const LaneTerms<I16x8>& b) const {
+    const SixteenPixels upper = sixteenOfRow<isBgr>(0, x, a, b);
+    uint8_t* const out = this->out[0].pixels + 2 * x;
+    if constexpr (Scalar::rowCount == 1) {
+      storePixels<8>(out, upper.first);
+      storePixels<8>(out + 16, upper.second);
+    } else {
+      const SixteenPixels lower = sixteenOfRow<isBgr>(1, x, a, b);
+      uint8_t* const below = this->out[1].pixels + 2 * x;
+      storePixels<8>(out, upper.first);
+      storePixels<8>(below, lower.first);
+      storePixels<8>(out + 16, upper.second);
+      storePixels<8>(below + 16, lower.second);
+    }
+  }
+
+  template <bool isBgr>
+  PXM_INLINE SixteenPixels sixteenOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& a,
+                                        const LaneTerms<I16x8>& b) const {
+    return packSixteen<Packer::depth, isBgr>(Chain::luma(lumaLanes<8>(this->source, row, x)), a,
+                                             Chain::luma(lumaLanes<8>(this->source, row, x + 8)),
+                                             b);
   }
 
   // The rows of one block, upper first.
   template <int n>
   PXM_INLINE void pixels(ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
-    for (int row = 0; row < Scalar::rowCount; ++row) {
-      const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[row].number);
-      const I16x8 luma = Chain::luma(lumaLanes<n>(this->source, row, x));
-      storePixels<n>(this->out[row].pixels + 2 * x, packer.pack(join(luma, terms)));
-    }
+    pixelsOfRow<n>(0, x, terms);
+    if constexpr (Scalar::rowCount == 2) pixelsOfRow<n>(1, x, terms);
+  }
+
+  template <int n>
+  PXM_INLINE void pixelsOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
+    const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[row].number);
+    const I16x8 luma = Chain::luma(lumaLanes<n>(this->source, row, x));
+    storePixels<n>(this->out[row].pixels + 2 * x, packer.pack(join(luma, terms)));
   }
 
   // Required: where the last whole block is one of four columns, one of two follows it, beyond the
@@ -124,10 +169,32 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
       sixteenColumns(*this, x);
     } else {
       const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
+      twoBlocks(x, p);
+    }
+  }
+
+  PXM_INLINE void twoBlocks(ptrdiff_t x, const Planes16& p) const {
+    if constexpr (Packer::dithers) {
       pixels(x, inHighBytes(p.first), inHighBytes(p.second), inHighBytes(p.third));
       pixels(x + 8, upperInHighBytes(p.first), upperInHighBytes(p.second),
              upperInHighBytes(p.third));
+    } else if (this->packer.isBgr()) {
+      sixteenPixels<true>(x, p);
+    } else {
+      sixteenPixels<false>(x, p);
     }
+  }
+
+  template <bool isBgr>
+  PXM_INLINE void sixteenPixels(ptrdiff_t x, const Planes16& p) const {
+    const SixteenPixels words = packSixteen<Packer::depth, isBgr>(
+        Chain::luma(inHighBytes(p.first)),
+        Chain::chroma(inHighBytes(p.second), inHighBytes(p.third)),
+        Chain::luma(upperInHighBytes(p.first)),
+        Chain::chroma(upperInHighBytes(p.second), upperInHighBytes(p.third)));
+    uint8_t* const out = this->out[0].pixels + 2 * x;
+    storePixels<8>(out, words.first);
+    storePixels<8>(out + 16, words.second);
   }
 
   PXM_INLINE void pixels(ptrdiff_t x, I16x8 y, I16x8 cb, I16x8 cr) const {
