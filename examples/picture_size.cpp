@@ -36,6 +36,19 @@ std::string picturesOf(Size size) {
 
 }  // namespace
 
+Size readSize(std::string_view text) {
+  const size_t x = text.find('x');
+  Size size;
+  if (x != std::string_view::npos) {
+    size.width = static_cast<int>(positiveNumber(text.substr(0, x), kLongestSide));
+    size.height = static_cast<int>(positiveNumber(text.substr(x + 1), kLongestSide));
+  }
+  if (size.width == 0 || size.height == 0) {
+    throw UsageFailure("--size " + quoted(text) + " is not 1x1 to 16384x16384");
+  }
+  return size;
+}
+
 Size SizeRule::padded(Size size) const {
   return {paddedSide(size.width, leastWidth, widthMultiple),
           paddedSide(size.height, leastHeight, heightMultiple)};

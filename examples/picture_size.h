@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <string_view>
 
 namespace examples {
 
@@ -12,6 +13,12 @@ struct Size {
   int width = 0;
   int height = 0;
 };
+
+/// The longest side that --size takes.
+inline constexpr int kLongestSide = 16384;
+
+/// Reads the value of --size, such as "640x360"; throws a UsageFailure if it is none.
+Size readSize(std::string_view text);
 
 /// Which sizes a conversion takes.
 struct SizeRule {

@@ -29,27 +29,14 @@ constexpr const char* kHelp =
     "An error is one line on standard error and an exit status of 1, or of 2 for a\n"
     "command line that cannot be carried out. A file is written whole or not at all.\n";
 
-constexpr long long kLongestSide = 16384;
 constexpr long long kMostFrames = 1000000;
 
 struct Options {
-  int width = 640;
-  int height = 360;
+  examples::Size size = {640, 360};
   int frames = 1;
   bool help = false;
   std::string output;
 };
-
-void readSize(std::string_view text, Options& options) {
-  const size_t x = text.find('x');
-  if (x != std::string_view::npos) {
-    options.width = static_cast<int>(examples::positiveNumber(text.substr(0, x), kLongestSide));
-    options.height = static_cast<int>(examples::positiveNumber(text.substr(x + 1), kLongestSide));
-  }
-  if (x == std::string_view::npos || options.width == 0 || options.height == 0) {
-    throw UsageFailure("--size " + examples::quoted(text) + " is not 1x1 to 16384x16384");
-  }
-}
 
 void readFrames(std::string_view text, Options& options) {
   options.frames = static_cast<int>(examples::positiveNumber(text, kMostFrames));
@@ -78,7 +65,7 @@ Options readCommandLine(int argc, char** argv) {
   opterr = 0;
   for (int c; (c = getopt_long(argc, argv, ":h", kOptions, nullptr)) != -1;) {
     if (c == 's') {
-      readSize(optarg, options);
+      options.size = examples::readSize(optarg);
     } else if (c == 'f') {
       readFrames(optarg, options);
     } else if (c == 'h') {
@@ -102,9 +89,9 @@ void run(int argc, char** argv) {
   }
   examples::OutputFile file(options.output);
   examples::YcbcrPlanes planes;
-  examples::writeY4mHeader(file, {options.width, options.height}, "C444");
+  examples::writeY4mHeader(file, options.size, "C444");
   for (int frame = 0; frame < options.frames; ++frame) {
-    examples::drawTestPicture(options.width, options.height, frame, planes);
+    examples::drawTestPicture(options.size.width, options.size.height, frame, planes);
     examples::writeY4mFrameLine(file);
     for (const auto& plane : planes.plane) {
       file.write(plane.data(), plane.size());

@@ -10,7 +10,7 @@ namespace {
 class Programs : public ProgramTest {};
 
 TEST_F(Programs, HelpGoesToStandardOutput) {
-  for (const char* program : {Y4M2PNG, PNG2Y4M, TESTCLIP}) {
+  for (const char* program : {BANDS, Y4M2PNG, PNG2Y4M, TESTCLIP}) {
     const Outcome outcome = run({program, "--help"});
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_EQ(outcome.out.compare(0, 7, "Usage: "), 0);
