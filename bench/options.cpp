@@ -7,9 +7,10 @@
 #include "tests/support/variants.h"
 
 const char* const usage =
-    "Usage: scripts/bench [OPTION...]\n"
+    "Usage: scripts/bench [--wide-lanes] [OPTION...]\n"
     "Times every conversion in every variant that this machine runs, beside the fastest call of\n"
     "other libraries for the same work and a copy of the same bytes.\n"
+    "  --wide-lanes        first of all: build with 256-bit registers wherever l9 can use them\n"
     "  --variants TAG,..   only these variants: mx m7 u8 n8 y8 e9 l9\n"
     "  --only REGEX        only conversions whose name has a match\n"
     "  --size WxH,..       only these sizes; at least 4x2\n"

@@ -49,6 +49,11 @@ PXM_INLINE LaneChroma chromaLanes(const PackedRow422& source, ptrdiff_t x) {
   return {evenWordsDoubled(words), oddWordsDoubled(words)};
 }
 
+// How many columns are worked on at once: two registers, but under dither one wide one.
+template <class Columns>
+constexpr int columnsAtOnce =
+    hasWideLanes&& Columns::rowCount == 1 && !Columns::Packer::dithers ? 32 : 16;
+
 template <class SourceRows>
 constexpr bool sharesInPairs = false;
 template <int rows>
@@ -61,7 +66,7 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = cutOf<SourceRows, Chain>;
   static constexpr bool repeatsLastBlock = ChainOf<Form>::repeatsLastBlock;
-  static constexpr int widest = 16;
+  static constexpr int widest = columnsAtOnce<Scalar>;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -73,7 +78,7 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   // terms are doubled instead of them.
   PXM_INLINE void widestBlock(ptrdiff_t x) const {
     if constexpr (hasWideLanes) {
-      sixteenColumns(*this, x);
+      wideColumns(*this, x);
     } else if constexpr (sharesInPairs<SourceRows>) {
       const LaneTerms<I16x8> t =
           Chain::chroma(inHighBytes(loadBytes<8>(this->source.cb + (x >> 1))),
@@ -105,13 +110,13 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   template <bool isBgr>
   PXM_INLINE void sixteenPixels(ptrdiff_t x, const LaneTerms<I16x8>& a,
                                 const LaneTerms<I16x8>& b) const {
-    const SixteenPixels upper = sixteenOfRow<isBgr>(0, x, a, b);
+    const TwoOfPixels<I16x8> upper = sixteenOfRow<isBgr>(0, x, a, b);
     uint8_t* const out = this->out[0].pixels + 2 * x;
     if constexpr (Scalar::rowCount == 1) {
       storePixels<8>(out, upper.first);
       storePixels<8>(out + 16, upper.second);
     } else {
-      const SixteenPixels lower = sixteenOfRow<isBgr>(1, x, a, b);
+      const TwoOfPixels<I16x8> lower = sixteenOfRow<isBgr>(1, x, a, b);
       uint8_t* const below = this->out[1].pixels + 2 * x;
       storePixels<8>(out, upper.first);
       storePixels<8>(below, lower.first);
@@ -121,11 +126,10 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   }
 
   template <bool isBgr>
-  PXM_INLINE SixteenPixels sixteenOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& a,
-                                        const LaneTerms<I16x8>& b) const {
-    return packSixteen<Packer::depth, isBgr>(Chain::luma(lumaLanes<8>(this->source, row, x)), a,
-                                             Chain::luma(lumaLanes<8>(this->source, row, x + 8)),
-                                             b);
+  PXM_INLINE TwoOfPixels<I16x8> sixteenOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& a,
+                                             const LaneTerms<I16x8>& b) const {
+    return packTwo<Packer::depth, isBgr>(Chain::luma(lumaLanes<8>(this->source, row, x)), a,
+                                         Chain::luma(lumaLanes<8>(this->source, row, x + 8)), b);
   }
 
   // The rows of one block, upper first.
@@ -153,10 +157,11 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
 template <class Form, class Packer, class RestForm>
 struct Blocks<PackedRow444, Form, Packer, RestForm>
     : Columns<PackedRow444, Form, Packer, RestForm> {
+  using Scalar = Columns<PackedRow444, Form, Packer, RestForm>;
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = cutByEight;
   static constexpr bool repeatsLastBlock = false;
-  static constexpr int widest = 16;
+  static constexpr int widest = columnsAtOnce<Scalar>;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -166,7 +171,7 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
 
   PXM_INLINE void widestBlock(ptrdiff_t x) const {
     if constexpr (hasWideLanes) {
-      sixteenColumns(*this, x);
+      wideColumns(*this, x);
     } else {
       const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
       twoBlocks(x, p);
@@ -187,7 +192,7 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
 
   template <bool isBgr>
   PXM_INLINE void sixteenPixels(ptrdiff_t x, const Planes16& p) const {
-    const SixteenPixels words = packSixteen<Packer::depth, isBgr>(
+    const TwoOfPixels<I16x8> words = packTwo<Packer::depth, isBgr>(
         Chain::luma(inHighBytes(p.first)),
         Chain::chroma(inHighBytes(p.second), inHighBytes(p.third)),
         Chain::luma(upperInHighBytes(p.first)),

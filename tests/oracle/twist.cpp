@@ -18,19 +18,21 @@
 namespace oracle {
 namespace {
 
-// Operands and results pass through volatile floats. So each operation is made when the program
-// runs, in the rounding mode of the moment, and its result is rounded to float before the next one
-// takes it: no compiler folds, contracts or reorders them.
+// A value that the compiler knows nothing of and that exists at this point of the program. Operands
+// and results pass through it. So each operation is made when the program runs, in the rounding
+// mode of the moment, and its result is rounded to float before the next one takes it: no compiler
+// folds, contracts or reorders them.
+float opaque(float value) {
+  asm volatile("" : "+x"(value));
+  return value;
+}
+
 float product(float a, float b) {
-  volatile float first = a, second = b;
-  volatile float result = first * second;
-  return result;
+  return opaque(opaque(a) * opaque(b));
 }
 
 float sum(float a, float b) {
-  volatile float first = a, second = b;
-  volatile float result = first + second;
-  return result;
+  return opaque(opaque(a) + opaque(b));
 }
 
 // A value as a signed byte, rounded half to even. The truncation towards zero is exact in every

@@ -5,6 +5,7 @@
 
 #include "decode/sources.inl"
 #include "vector/avx2/lanes.inl"
+#include "vector/byte_packers.inl"
 #include "vector/packers.inl"
 
 PXM_TEXT_BEGIN
@@ -93,28 +94,64 @@ PXM_INLINE WideChroma wideChromaLanes(const PackedRow444& source, ptrdiff_t x) {
 }
 
 template <class Row>
+PXM_INLINE LaneTerms<I16x16> wideTerms(const Row& row, ptrdiff_t x) {
+  const WideChroma c = wideChromaLanes(row.source, x);
+  return Row::Chain::chroma(c.cb, c.cr);
+}
+template <class Row>
+PXM_INLINE I16x16 wideLuma(const Row& row, int r, ptrdiff_t x) {
+  return Row::Chain::luma(wideLumaLanes(row.source, r, x));
+}
+
+template <class Row>
 PXM_INLINE I16x16 packedSixteen(const Row& row, int r, ptrdiff_t x,
                                 const LaneTerms<I16x16>& terms) {
   const typename LanePackerOf<typename Row::Packer>::Type packer(row.packer, row.out[r].number);
-  return packer.pack(join(Row::Chain::luma(wideLumaLanes(row.source, r, x)), terms));
+  return packer.pack(join(wideLuma(row, r, x), terms));
 }
 
 // Stores are in the order of blocks of eight, upper row first.
 template <class Row>
-PXM_INLINE void sixteenColumns(const Row& row, ptrdiff_t x) {
-  const WideChroma c = wideChromaLanes(row.source, x);
-  const LaneTerms<I16x16> terms = Row::Chain::chroma(c.cb, c.cr);
-  const I16x16 upper = packedSixteen(row, 0, x, terms);
+PXM_INLINE void storeRows(const Row& row, ptrdiff_t x, I16x16 upper, I16x16 lower) {
   uint8_t* const out = row.out[0].pixels + 2 * x;
-  if constexpr (Row::rowCount == 1) {
-    storePixels(out, upper);
+  uint8_t* const below = row.out[1].pixels + 2 * x;
+  storePixels<8>(out, lowHalf(upper));
+  storePixels<8>(below, lowHalf(lower));
+  storePixels<8>(out + 16, highHalf(upper));
+  storePixels<8>(below + 16, highHalf(lower));
+}
+
+// Two registers: sixteen columns of two rows, or 32 of one.
+template <bool isBgr, class Row>
+PXM_INLINE void plainColumns(const Row& row, ptrdiff_t x) {
+  constexpr int depth = Row::Packer::depth;
+  const LaneTerms<I16x16> a = wideTerms(row, x);
+  if constexpr (Row::rowCount == 2) {
+    const TwoOfPixels<I16x16> rows =
+        packTwo<depth, isBgr>(wideLuma(row, 0, x), a, wideLuma(row, 1, x), a);
+    storeRows(row, x, rows.first, rows.second);
   } else {
-    const I16x16 lower = packedSixteen(row, 1, x, terms);
-    uint8_t* const below = row.out[1].pixels + 2 * x;
-    storePixels<8>(out, lowHalf(upper));
-    storePixels<8>(below, lowHalf(lower));
-    storePixels<8>(out + 16, highHalf(upper));
-    storePixels<8>(below + 16, highHalf(lower));
+    const TwoOfPixels<I16x16> columns = packTwo<depth, isBgr>(
+        wideLuma(row, 0, x), a, wideLuma(row, 0, x + 16), wideTerms(row, x + 16));
+    storePixels(row.out[0].pixels + 2 * x, columns.first);
+    storePixels(row.out[0].pixels + 2 * x + 32, columns.second);
+  }
+}
+
+template <class Row>
+PXM_INLINE void wideColumns(const Row& row, ptrdiff_t x) {
+  if constexpr (!Row::Packer::dithers) {
+    if (row.packer.isBgr())
+      plainColumns<true>(row, x);
+    else
+      plainColumns<false>(row, x);
+  } else {
+    const LaneTerms<I16x16> terms = wideTerms(row, x);
+    const I16x16 upper = packedSixteen(row, 0, x, terms);
+    if constexpr (Row::rowCount == 1)
+      storePixels(row.out[0].pixels + 2 * x, upper);
+    else
+      storeRows(row, x, upper, packedSixteen(row, 1, x, terms));
   }
 }
 

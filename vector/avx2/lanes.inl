@@ -122,10 +122,23 @@ PXM_INLINE I16x16 doubled(I16x8 a) {
 
 // The even or the odd lanes twice, side by side.
 PXM_INLINE I16x16 evenWordsDoubled(I16x16 a) {
-  return {_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(a.v, 0xA0), 0xA0)};
+  const __m128i places = _mm_setr_epi8(0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13);
+  return {_mm256_shuffle_epi8(a.v, _mm256_broadcastsi128_si256(places))};
 }
 PXM_INLINE I16x16 oddWordsDoubled(I16x16 a) {
-  return {_mm256_shufflehi_epi16(_mm256_shufflelo_epi16(a.v, 0xF5), 0xF5)};
+  const __m128i places = _mm_setr_epi8(2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15);
+  return {_mm256_shuffle_epi8(a.v, _mm256_broadcastsi128_si256(places))};
+}
+
+// Within each half.
+PXM_INLINE I16x16 narrowed(I16x16 a, I16x16 b) {
+  return {_mm256_packus_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 lowBytesInTurn(I16x16 a, I16x16 b) {
+  return {_mm256_unpacklo_epi8(a.v, b.v)};
+}
+PXM_INLINE I16x16 highBytesInTurn(I16x16 a, I16x16 b) {
+  return {_mm256_unpackhi_epi8(a.v, b.v)};
 }
 
 PXM_TEXT_END

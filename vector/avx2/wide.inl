@@ -41,11 +41,15 @@ struct WideRows420 : Blocks420<Packer> {
     const I16x8 green = lowHalf(greens) + highHalf(greens);
     const LaneTerms<I16x16> terms = {doubled(lowHalf(redBlue)), doubled(green),
                                      doubled(highHalf(redBlue))};
-    const LanePackPlain<Packer::depth> packer(this->packer, 0);
-    for (int row = 0; row < 2; ++row) {
-      const I16x16 luma = wideLuma(widened(loadBytes<16>(this->source.luma[row] + x)));
-      storePixels(this->out[row].pixels + 2 * x, packer.pack(join(luma, terms)));
-    }
+    const TwoOfPixels<I16x16> rows =
+        packTwo<Packer::depth, true>(luma(0, x), terms, luma(1, x), terms);
+    storePixels(this->out[0].pixels + 2 * x, rows.first);
+    storePixels(this->out[1].pixels + 2 * x, rows.second);
+  }
+
+ private:
+  PXM_INLINE I16x16 luma(int row, ptrdiff_t x) const {
+    return wideLuma(widened(loadBytes<16>(this->source.luma[row] + x)));
   }
 };
 
@@ -76,7 +80,7 @@ using Blocks422 = Blocks<PackedRow422LastCr, DecodeRoundedLow, Packer, DecodeRou
 template <class Packer>
 struct WideRow422 : Blocks422<Packer> {
   static constexpr Cut cut = cutBySixteenEight;
-  static constexpr int widest = 0;
+  static constexpr int widest = 32;
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
@@ -87,16 +91,30 @@ struct WideRow422 : Blocks422<Packer> {
   }
 
   PXM_INLINE void wideBlock(ptrdiff_t x) const {
-    const I16x16 words = load16Lanes(this->source.samples + 2 * x);
-    const I16x16 luma = wideLuma(words & all<I16x16>(255)) + all<I16x16>(8);
+    const I16x16 words = wordsAt(x);
+    const LanePackPlain<Packer::depth> packer(this->packer, 0);
+    storePixels(this->out[0].pixels + 2 * x, packer.pack(join(luma(words), terms(words))));
+  }
+
+  PXM_INLINE void widestBlock(ptrdiff_t x) const {
+    const I16x16 a = wordsAt(x), b = wordsAt(x + 16);
+    const TwoOfPixels<I16x16> columns =
+        packTwo<Packer::depth, true>(luma(a), terms(a), luma(b), terms(b));
+    storePixels(this->out[0].pixels + 2 * x, columns.first);
+    storePixels(this->out[0].pixels + 2 * x + 32, columns.second);
+  }
+
+ private:
+  PXM_INLINE I16x16 wordsAt(ptrdiff_t x) const { return load16Lanes(this->source.samples + 2 * x); }
+  PXM_INLINE static I16x16 luma(I16x16 words) {
+    return wideLuma(words & all<I16x16>(255)) + all<I16x16>(8);
+  }
+  PXM_INLINE static LaneTerms<I16x16> terms(I16x16 words) {
     const I16x16 c = shiftLeft<7>(shiftRightLogical<8>(words) - all<I16x16>(128));
     const I16x16 blueRed = LaneMulHi(c, alternating(16523, 13074));
     const I16x16 greens = LaneMulHi(c, alternating(3211, 6660));
-    const LaneTerms<I16x16> terms = {oddWordsDoubled(blueRed),
-                                     evenWordsDoubled(greens) + oddWordsDoubled(greens),
-                                     evenWordsDoubled(blueRed)};
-    const LanePackPlain<Packer::depth> packer(this->packer, 0);
-    storePixels(this->out[0].pixels + 2 * x, packer.pack(join(luma, terms)));
+    return {oddWordsDoubled(blueRed), evenWordsDoubled(greens) + oddWordsDoubled(greens),
+            evenWordsDoubled(blueRed)};
   }
 };
 

@@ -220,6 +220,17 @@ PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
   return _mm_unpackhi_epi8(a, b);
 }
 
+// The same as lanes of two bytes: those of a and then those of b, clamped; bytes in turn.
+PXM_INLINE I16x8 narrowed(I16x8 a, I16x8 b) {
+  return {saturatedBytes(a, b)};
+}
+PXM_INLINE I16x8 lowBytesInTurn(I16x8 a, I16x8 b) {
+  return {inTurn(a.v, b.v)};
+}
+PXM_INLINE I16x8 highBytesInTurn(I16x8 a, I16x8 b) {
+  return {upperInTurn(a.v, b.v)};
+}
+
 PXM_TEXT_END
 
 #endif
