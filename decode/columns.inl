@@ -38,6 +38,13 @@ struct Columns {
   }
 };
 
+// Plain code: a row is its columns, from the first to the last and `beyond` it.
+template <class SourceRows, class Form, class PixelPacker, class RestForm>
+PXM_INLINE void walk(const Columns<SourceRows, Form, PixelPacker, RestForm>& row, int width,
+                     int beyond = 0) {
+  row.tail(0, ptrdiff_t{width} + beyond);
+}
+
 PXM_TEXT_END
 
 #endif

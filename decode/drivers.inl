@@ -69,7 +69,7 @@ PXM_INLINE int columnsBehindTheLastRow(int width) {
   return hasBlocks && Packer::dithers && (width & 1) ? 2 : 0;
 }
 
-// Pairs of rows to a row of chroma; the last row of an odd height is scalar from end to end.
+// Pairs of rows to a row of chroma, and the last row of an odd height.
 template <class PairRow, class LastRow>
 struct DecodePairs {
   using Arguments = PlanesToPixels;
@@ -87,8 +87,8 @@ struct DecodePairs {
       walk(PairRow{source.pair(y), {upper, destination.below(upper)}, packer}, a.width);
     }
     if (paired < a.height)
-      LastRow{source.lastRow(paired), {destination.wrappedRow(paired)}, packer}.tail(
-          0, ptrdiff_t{a.width} + columnsBehindTheLastRow<typename PairRow::Packer>(a.width));
+      walk(LastRow{source.lastRow(paired), {destination.wrappedRow(paired)}, packer}, a.width,
+           columnsBehindTheLastRow<typename PairRow::Packer>(a.width));
   }
 };
 

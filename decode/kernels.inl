@@ -68,7 +68,7 @@ using YCbCr422C2To565Dither = YCbCr422C2Dither<PackDither<565>>;
 // 4:2:0.
 template <class Packer>
 using YCbCr420 = DecodePairs<Walked<PlanarRows<2, 1>, DecodeStaged, Packer>,
-                             Columns<PlanarRows<1, 1>, DecodeStaged, Packer>>;
+                             Walked<PlanarRows<1, 1>, DecodeStaged, Packer>>;
 using YCbCr420To444 = YCbCr420<PackPlain<444>>;
 using YCbCr420To555 = YCbCr420<PackPlain<555>>;
 using YCbCr420To565 = YCbCr420<PackPlain<565>>;
@@ -94,7 +94,7 @@ using Yuv420To565 = Yuv420<Yuv420RowPairTo565>;
 
 template <class Packer>
 using Yuv420Dither = DecodePairs<Walked<PlanarRows<2, 1>, DecodeYuvStaged, Packer>,
-                                 Columns<PlanarRows<1, 1>, DecodeYuvStaged, Packer>>;
+                                 Walked<PlanarRows<1, 1>, DecodeYuvStaged, Packer>>;
 using Yuv420To444Dither = Yuv420Dither<PackDither<444>>;
 using Yuv420To555Dither = Yuv420Dither<PackDither<555>>;
 using Yuv420To565Dither = Yuv420Dither<PackDither<565>>;

@@ -34,9 +34,9 @@ PXM_INLINE void blockIfWidthHas(const Row& row, ptrdiff_t& x, int width) {
 }
 
 // Walks one row, or the rows that share a row of chroma, from the left. Several main blocks may be
-// worked on at once: `widest` columns.
+// worked on at once: `widest` columns. The scalar tail may go on `beyond` the row.
 template <class Row>
-PXM_INLINE void walk(const Row& row, int width) {
+PXM_INLINE void walk(const Row& row, int width, int beyond = 0) {
   constexpr Cut cut = Row::cut;
   ptrdiff_t x = 0;
   const ptrdiff_t end = width & cut.bound;
@@ -47,7 +47,7 @@ PXM_INLINE void walk(const Row& row, int width) {
   blockIfWidthHas<cut.smaller[1]>(row, x, width);
   blockIfWidthHas<cut.smaller[2]>(row, x, width);
   if constexpr (Row::repeatsLastBlock) row.oneBlockTooMany(x, width);
-  row.tail(x, width);
+  row.tail(x, ptrdiff_t{width} + beyond);
 }
 
 PXM_TEXT_END

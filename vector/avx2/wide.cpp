@@ -16,7 +16,7 @@ PXM_INLINE void convertToBgr(const typename Driver::Arguments& a, int dstPitch) 
 
 template <int depth>
 using To420 = DecodePairs<WideRows420<PackPlain<depth>>,
-                          Columns<PlanarRows<1, 1>, DecodeStaged, PackPlain<depth>>>;
+                          Walked<PlanarRows<1, 1>, DecodeStaged, PackPlain<depth>>>;
 template <int depth>
 using To422C2 = DecodeRows<PackedImage<PackedRow422LastCr>, WideRow422<PackPlain<depth>>>;
 
