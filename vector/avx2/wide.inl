@@ -5,6 +5,9 @@
 
 #include "vector/avx2/lanes.inl"
 #include "vector/blocks.inl"
+#ifdef PXM_WIDE_LANES
+#include "vector/avx2/decode.inl"
+#endif
 
 PXM_TEXT_BEGIN
 
