@@ -78,6 +78,7 @@ std::string tableOfSize(const Run& run, const Size& size) {
   std::sort(clocks.begin(), clocks.end());
   std::sort(spreads.begin(), spreads.end());
   const auto [least, most] = std::minmax_element(rounds.begin(), rounds.end());
+  head.erase(head.find_last_not_of(' ') + 1);
   return head + "\n" + rows +
          text(
              "%s: %d to %d rounds, clock %.2f to %.2f GHz, our spreads %d%% in the middle, %d%% "
