@@ -38,10 +38,11 @@ PXM_INLINE int ditherLevelOf(int v, int threshold) {
   if constexpr (bits == 6) return DitherLevel6(v, threshold);
 }
 
-template <int depth>
-struct PackDither : Fields<depth> {
+template <int pixelDepth>
+struct PackDither : Fields<pixelDepth> {
+  static constexpr int depth = pixelDepth;
   static constexpr bool dithers = true;
-  using Fields<depth>::Fields;
+  using Fields<pixelDepth>::Fields;
 
   // The three components share the threshold of their pixel.
   PXM_INLINE uint16_t pack(const Channels& c, int row, ptrdiff_t column) const {

@@ -9,7 +9,7 @@ namespace pxm {
 namespace {
 
 struct Numbers {
-  int bias, factor;
+  int bias, factor, lower;
 };
 
 // The level of each component at one place of the matrix, as the dither defines it.
@@ -37,45 +37,57 @@ struct Interval {
   }
 };
 
-// The biases that give the levels of the components `from` to `to` - 1 with a factor.
-constexpr Interval biasesFor(const Levels& levels, int scale, int shift, int factor, int from,
-                             int to) {
-  Interval biases = {0, 65535 - 255 * scale};
-  for (int v = from; v < to && biases.least <= biases.most; ++v) {
-    const int64_t level = levels.of[v];
-    if (v > from && v + 1 < to && levels.of[v - 1] == level && levels.of[v + 1] == level) continue;
-    const int64_t first = ((level << (16 + shift)) + factor - 1) / factor;
-    const int64_t next = (((level + 1) << (16 + shift)) + factor - 1) / factor;
-    biases.narrow(first - v * scale, next - 1 - v * scale);
+// How the levels of one depth are folded: components every `step` sixteenths.
+struct Folding {
+  int bits, step;
+  constexpr int white(int lower) const { return (255 - lower) >> (8 - bits); }
+};
+
+// The least sum of component and bias that makes a byte.
+constexpr int64_t sumFor(int64_t byte, int factor) {
+  return ((byte << 16) + factor - 1) / factor;
+}
+
+// The biases that give the levels with the other numbers. `bend` comes off the bias from 128 on.
+constexpr Interval biasesFor(const Levels& levels, Folding folding, int factor, int lower,
+                             int bend) {
+  const int shift = 8 - folding.bits;
+  Interval biases = {0, 4095};
+  for (int x = 0; x < 4096 && biases.least <= biases.most; x += folding.step) {
+    const int64_t level = levels.of[x >> 4];
+    const int unbiased = x < 2048 ? x : x - bend;
+    const int64_t first = sumFor((level << shift) + lower, factor);
+    const int64_t next = sumFor(((level + 1) << shift) + lower, factor);
+    if (level > 0) biases.narrow(first - unbiased, 4095);
+    if (level < levels.of[255]) biases.narrow(0, next - 1 - unbiased);
   }
   return biases;
 }
 
-// A bias and a factor near the slope of the levels. `bend` comes off the bias from 128 on.
-constexpr Numbers fold(int bits, int scale, int shift, int threshold, int bend) {
-  const Levels levels = levelsAt(bits, threshold);
-  const int slope = ((1 << bits) - 1) * (1 << (16 + shift)) / (256 * scale);
-  const int far = 8 + slope / 128;
-  for (int distance = 0; distance <= far; ++distance)
-    for (const int factor : {slope + distance, slope - distance}) {
-      Interval biases = biasesFor(levels, scale, shift, factor, 0, 128);
-      if (biases.least > biases.most) continue;
-      const Interval upper = biasesFor(levels, scale, shift, factor, 128, 256);
-      biases.narrow(upper.least + bend, upper.most + bend);
-      if (biases.least <= biases.most) return {static_cast<int>(biases.least), factor};
+// Numbers with a factor near the slope of the levels.
+constexpr Numbers fold(Folding folding, int threshold, int bend) {
+  const int slope = 4096 * (255 - (255 >> folding.bits)) / 255;
+  const Levels levels = levelsAt(folding.bits, threshold);
+  for (int lower = 0; lower < 8; ++lower) {
+    if (folding.white(lower) != levels.of[255]) continue;
+    for (int factor = slope + 8; factor > slope - 24; --factor) {
+      const Interval biases = biasesFor(levels, folding, factor, lower, bend);
+      if (biases.least <= biases.most) return {static_cast<int>(biases.least), factor, lower};
     }
-  return {0, 0};
+  }
+  return {0, 0, 0};
 }
 
-constexpr FoldedDither foldAll(int bits, int scale, int shift, const int32_t (&matrix)[4][4]) {
+constexpr FoldedDither foldAll(Folding folding, const int32_t (&matrix)[4][4]) {
   FoldedDither folded = {};
   for (int row = 0; row < 4; ++row)
     for (int column = 0; column < 4; ++column) {
-      const bool bends = bits == 6 && row == 0 && column == 2;
-      const Numbers n = fold(bits, scale, shift, matrix[row][column], bends ? foldedBend6 : 0);
+      const bool bends = folding.bits == 6 && row == 0 && column == 2;
+      const Numbers n = fold(folding, matrix[row][column], bends ? foldedBend6 : 0);
       for (const int lane : {column, column + 4}) {
-        folded.bias[row][lane] = static_cast<uint16_t>(n.bias);
-        folded.factor[row][lane] = static_cast<uint16_t>(n.factor);
+        folded.bias[row][lane] = static_cast<int16_t>(n.bias);
+        folded.factor[row][lane] = static_cast<int16_t>(n.factor);
+        folded.lower[row][lane] = static_cast<int16_t>(n.lower);
       }
     }
   return folded;
@@ -84,18 +96,26 @@ constexpr FoldedDither foldAll(int bits, int scale, int shift, const int32_t (&m
 constexpr int placesWithout(const FoldedDither& folded) {
   int places = 0;
   for (const auto& row : folded.factor)
-    for (const uint16_t factor : row) places += factor == 0;
+    for (const int16_t factor : row) places += factor == 0;
   return places;
+}
+
+constexpr bool lowers(const FoldedDither& folded) {
+  for (const auto& row : folded.lower)
+    for (const int16_t lower : row)
+      if (lower != 0) return true;
+  return false;
 }
 
 constexpr int32_t matrix444[4][4] = PXM_DITHER_MATRIX_444;
 constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
 
-constexpr FoldedDither folded4 = foldAll(4, foldedScale4, foldedShift4, matrix444);
-constexpr FoldedDither folded5 = foldAll(5, foldedScale5, foldedShift5, matrix555);
-constexpr FoldedDither folded6 = foldAll(6, foldedScale6, foldedShift6, matrix555);
+constexpr FoldedDither folded4 = foldAll({4, 1}, matrix444);
+constexpr FoldedDither folded5 = foldAll({5, 16}, matrix555);
+constexpr FoldedDither folded6 = foldAll({6, 16}, matrix555);
 static_assert(placesWithout(folded4) == 0 && placesWithout(folded5) == 0 &&
               placesWithout(folded6) == 0);
+static_assert(!lowers(folded4) && !lowers(folded5));
 
 }  // namespace
 

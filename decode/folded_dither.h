@@ -8,23 +8,27 @@
 
 namespace pxm {
 
-// The dither of a component v, 0 to 255, as one addition and one multiplication of unsigned 16-bit
-// lanes, with a bias and a factor for each place of the matrix:
+// The dither of a component as one addition and one multiplication of signed 16-bit lanes, with
+// numbers of its own for each place of the matrix. The component is in sixteenths, from below 0 to
+// above 255; the result, clamped to a byte, has the level in its top bits and a fraction below:
 //
-//     level << shift, and a fraction below  =  upper half of (v * scale + bias) * factor
+//     upper half of (component + bias) * factor
 //
-// One place of the 6-bit levels, row 0 and column 2, has thresholds on no straight line, but on one
-// with a bend: there foldedBend6 comes off the bias where v is 128 or more. The numbers are
-// searched for by the compiler. Rows hold their four columns twice, as eight lanes.
+// For five and six bits the component has no fraction. The thresholds of four bits lie on a
+// straight line, where a fraction does no harm.
+//
+// Of six bits, `lower` comes off the byte, 0 if it were less: where it is 4 or more, white is not
+// the highest level. At one place, row 0 and column 2, the thresholds lie on no straight line, but
+// on one with a bend: there foldedBend6 comes off the bias from 128 on.
+//
+// The numbers are searched for by the compiler. Rows hold their four columns twice, as eight lanes.
 struct FoldedDither {
-  alignas(16) uint16_t bias[4][8];
-  alignas(16) uint16_t factor[4][8];
+  alignas(16) int16_t bias[4][8];
+  alignas(16) int16_t factor[4][8];
+  alignas(16) int16_t lower[4][8];
 };
 
-constexpr int foldedScale4 = 16, foldedShift4 = 0;
-constexpr int foldedScale5 = 16, foldedShift5 = 7;
-constexpr int foldedScale6 = 128, foldedShift6 = 5;
-constexpr int foldedBend6 = 32;
+constexpr int foldedBend6 = 4;
 extern const FoldedDither foldedDither4, foldedDither5, foldedDither6;
 
 }  // namespace pxm

@@ -20,6 +20,10 @@ L inHighBytes(int y) {
   return lanes;
 }
 
+int clamped(int level) {
+  return level < 0 ? 0 : level > 255 ? 255 : level;
+}
+
 template <class Chain>
 void expectChainOverAllTriples(oracle::Rgb (*expected)(int, int, int)) {
   for (int cb = 0; cb < 256; ++cb)
@@ -29,8 +33,8 @@ void expectChainOverAllTriples(oracle::Rgb (*expected)(int, int, int)) {
         const LaneChannels<L> c = join(Chain::luma(inHighBytes(y)), terms);
         for (int i = 0; i < 8; ++i) {
           const oracle::Rgb want = expected(y + i, cb, cr);
-          if (c.red.e[i] >> 4 != want.r || c.green.e[i] >> 4 != want.g ||
-              c.blue.e[i] >> 4 != want.b || ((c.red.e[i] | c.green.e[i] | c.blue.e[i]) & ~4095))
+          if (clamped(c.red.e[i] >> 4) != want.r || clamped(c.green.e[i] >> 4) != want.g ||
+              clamped(c.blue.e[i] >> 4) != want.b)
             FAIL() << y + i << " " << cb << " " << cr;
         }
       }
@@ -47,40 +51,52 @@ TEST(Chains, StagedYuvChainOverAllTriples) {
   expectChainOverAllTriples<StagedYuvChain>(oracle::stagedYuvChain);
 }
 
-// Every twelve-bit value in each channel, at every place of the dither.
-template <int depth>
-void expectPackingOfAllTwelveBits() {
-  for (const bool bgr : {false, true})
-    for (int row = 0; row < 4; ++row) {
-      const LanePackPlain<depth> plain(PackPlain<depth>(bgr), row);
-      const LanePackDither<depth> dither(PackDither<depth>(bgr), row);
-      for (int v = 0; v < 4096; ++v)
-        for (int channel = 0; channel < 3; ++channel) {
-          const int other = 4095 - v;
-          const int r = channel == 0 ? v : other, g = channel == 1 ? v : other,
-                    b = channel == 2 ? v : other;
-          const LaneChannels<L> c = {all<L>(r), all<L>(g), all<L>(b)};
-          const oracle::Rgb levels = {r >> 4, g >> 4, b >> 4};
-          const L plainWords = plain.pack(c), ditherWords = dither.pack(c);
-          for (int i = 0; i < 8; ++i) {
-            ASSERT_EQ(static_cast<uint16_t>(plainWords.e[i]), oracle::packPlain(levels, depth, bgr))
-                << v;
-            ASSERT_EQ(static_cast<uint16_t>(ditherWords.e[i]),
-                      oracle::packDither(levels, depth, bgr, row, i))
-                << v << " in channel " << channel << " at " << row << "," << i;
-          }
-        }
-    }
+// More than any chain reaches: a luma of up to 4450 sixteenths, and terms of up to 4131.
+constexpr int leastSixteenths = -8700, mostSixteenths = 8700;
+
+// A register of pixels of one value in each row, and of another beside it.
+template <class Packer>
+void expectPackedAs(int row, int otherRow, bool bgr, int red, int green, int blue) {
+  const LaneRow<Packer, L> lanes(row), otherLanes(otherRow);
+  const LaneTerms<L> terms = {all<L>(red), all<L>(-green), all<L>(blue)};
+  const LaneTerms<L> other = {all<L>(blue), all<L>(-red), all<L>(green)};
+  const TwoOfPixels<L> words =
+      bgr ? packTwo<true>(lanes, all<L>(0), terms, otherLanes, all<L>(0), other)
+          : packTwo<false>(lanes, all<L>(0), terms, otherLanes, all<L>(0), other);
+  const auto packed = [bgr](const oracle::Rgb& levels, int y, int x) {
+    return Packer::dithers ? oracle::packDither(levels, Packer::depth, bgr, y, x)
+                           : oracle::packPlain(levels, Packer::depth, bgr);
+  };
+  const int r = clamped(red >> 4), g = clamped(green >> 4), b = clamped(blue >> 4);
+  for (int i = 0; i < 8; ++i) {
+    ASSERT_EQ(static_cast<uint16_t>(words.first.e[i]), packed({r, g, b}, row, i))
+        << red << " " << green << " " << blue << " at " << row << "," << i;
+    ASSERT_EQ(static_cast<uint16_t>(words.second.e[i]), packed({b, r, g}, otherRow, i))
+        << blue << " " << red << " " << green << " at " << otherRow << "," << i;
+  }
 }
 
-TEST(LanePacking, Of444OverAllTwelveBitsAndPlaces) {
-  expectPackingOfAllTwelveBits<444>();
+// Every value that a component can take, in each channel and at every place of the dither.
+template <class Packer>
+void expectPackingOfAllValues() {
+  for (const bool bgr : {false, true})
+    for (int row = 0; row < 4; ++row)
+      for (int v = leastSixteenths; v <= mostSixteenths; ++v)
+        ASSERT_NO_FATAL_FAILURE(
+            expectPackedAs<Packer>(row, (row + 1) & 3, bgr, v, v * 7 % 8192, -v));
 }
-TEST(LanePacking, Of555OverAllTwelveBitsAndPlaces) {
-  expectPackingOfAllTwelveBits<555>();
+
+TEST(LanePacking, Of444OverAllValuesAndPlaces) {
+  expectPackingOfAllValues<PackPlain<444>>();
+  expectPackingOfAllValues<PackDither<444>>();
 }
-TEST(LanePacking, Of565OverAllTwelveBitsAndPlaces) {
-  expectPackingOfAllTwelveBits<565>();
+TEST(LanePacking, Of555OverAllValuesAndPlaces) {
+  expectPackingOfAllValues<PackPlain<555>>();
+  expectPackingOfAllValues<PackDither<555>>();
+}
+TEST(LanePacking, Of565OverAllValuesAndPlaces) {
+  expectPackingOfAllValues<PackPlain<565>>();
+  expectPackingOfAllValues<PackDither<565>>();
 }
 
 TEST(Cuts, VectorColumnsByLiteralWidths) {

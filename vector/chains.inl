@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The decode forms in 16-bit lanes, over any lane type. Samples come in the high byte of a lane; a
-// component leaves as twelve bits, 0 to 4095: its eight, and a fraction of sixteenths below them.
-// Every value that a lane takes fits 16 bits, so nothing wraps.
+// component leaves in sixteenths. Every value that a lane takes fits 16 bits, so nothing wraps.
 #ifndef PXM_VECTOR_CHAINS_INL
 #define PXM_VECTOR_CHAINS_INL
 
@@ -15,22 +14,15 @@ struct LaneTerms {
   L red, green, blue;
 };
 
-// Twelve bits a component.
+// Components in sixteenths of a level, from below 0 to above 255.
 template <class L>
 struct LaneChannels {
   L red, green, blue;
 };
 
-// Saturates the sixteenths of a component to those of 0 to 255.
-template <class L>
-PXM_INLINE L clampToTwelveBits(L sixteenths) {
-  return max(min(sixteenths, all<L>(4095)), all<L>(0));
-}
-
 template <class L>
 PXM_INLINE LaneChannels<L> join(L luma, const LaneTerms<L>& t) {
-  return {clampToTwelveBits(luma + t.red), clampToTwelveBits(luma - t.green),
-          clampToTwelveBits(luma + t.blue)};
+  return {luma + t.red, luma - t.green, luma + t.blue};
 }
 
 // (sample - 128) << 8 of a sample in the high byte.

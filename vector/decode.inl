@@ -5,7 +5,6 @@
 #define PXM_VECTOR_DECODE_INL
 
 #include "decode/columns.inl"
-#include "vector/byte_packers.inl"
 #include "vector/forms.inl"
 #include "vector/packers.inl"
 #include "vector/walk.inl"
@@ -49,10 +48,17 @@ PXM_INLINE LaneChroma chromaLanes(const PackedRow422& source, ptrdiff_t x) {
   return {evenWordsDoubled(words), oddWordsDoubled(words)};
 }
 
-// How many columns are worked on at once: two registers, but under dither one wide one.
+// How many columns are worked on at once: two registers.
 template <class Columns>
-constexpr int columnsAtOnce =
-    hasWideLanes&& Columns::rowCount == 1 && !Columns::Packer::dithers ? 32 : 16;
+constexpr int columnsAtOnce = hasWideLanes&& Columns::rowCount == 1 ? 32 : 16;
+
+// One register of pixels, in the order of the packer. It is packed as two alike.
+template <class Packer>
+PXM_INLINE I16x8 packOne(const Packer& packer, int row, I16x8 luma, const LaneTerms<I16x8>& terms) {
+  const LaneRow<Packer, I16x8> lanes(row);
+  return packer.isBgr() ? packTwo<true>(lanes, luma, terms, lanes, luma, terms).first
+                        : packTwo<false>(lanes, luma, terms, lanes, luma, terms).first;
+}
 
 template <class SourceRows>
 constexpr bool sharesInPairs = false;
@@ -96,14 +102,10 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
 
   PXM_INLINE void twoBlocks(ptrdiff_t x, const LaneTerms<I16x8>& a,
                             const LaneTerms<I16x8>& b) const {
-    if constexpr (Packer::dithers) {
-      pixels<8>(x, a);
-      pixels<8>(x + 8, b);
-    } else if (this->packer.isBgr()) {
+    if (this->packer.isBgr())
       sixteenPixels<true>(x, a, b);
-    } else {
+    else
       sixteenPixels<false>(x, a, b);
-    }
   }
 
   // Stores are in the order of blocks of eight.
@@ -128,8 +130,9 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   template <bool isBgr>
   PXM_INLINE TwoOfPixels<I16x8> sixteenOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& a,
                                              const LaneTerms<I16x8>& b) const {
-    return packTwo<Packer::depth, isBgr>(Chain::luma(lumaLanes<8>(this->source, row, x)), a,
-                                         Chain::luma(lumaLanes<8>(this->source, row, x + 8)), b);
+    const LaneRow<Packer, I16x8> lanes(this->out[row].number);
+    return packTwo<isBgr>(lanes, Chain::luma(lumaLanes<8>(this->source, row, x)), a, lanes,
+                          Chain::luma(lumaLanes<8>(this->source, row, x + 8)), b);
   }
 
   // The rows of one block, upper first.
@@ -141,9 +144,9 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
 
   template <int n>
   PXM_INLINE void pixelsOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
-    const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[row].number);
-    const I16x8 luma = Chain::luma(lumaLanes<n>(this->source, row, x));
-    storePixels<n>(this->out[row].pixels + 2 * x, packer.pack(join(luma, terms)));
+    storePixels<n>(this->out[row].pixels + 2 * x,
+                   packOne(this->packer, this->out[row].number,
+                           Chain::luma(lumaLanes<n>(this->source, row, x)), terms));
   }
 
   // Required: where the last whole block is one of four columns, one of two follows it, beyond the
@@ -166,46 +169,32 @@ struct Blocks<PackedRow444, Form, Packer, RestForm>
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
     const Planes8 p = planesOfEight(this->source.samples + 3 * x);
-    pixels(x, p.first, p.second, p.third);
+    storePixels<8>(this->out[0].pixels + 2 * x,
+                   packOne(this->packer, this->out[0].number, Chain::luma(p.first),
+                           Chain::chroma(p.second, p.third)));
   }
 
   PXM_INLINE void widestBlock(ptrdiff_t x) const {
-    if constexpr (hasWideLanes) {
+    if constexpr (hasWideLanes)
       wideColumns(*this, x);
-    } else {
-      const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
-      twoBlocks(x, p);
-    }
-  }
-
-  PXM_INLINE void twoBlocks(ptrdiff_t x, const Planes16& p) const {
-    if constexpr (Packer::dithers) {
-      pixels(x, inHighBytes(p.first), inHighBytes(p.second), inHighBytes(p.third));
-      pixels(x + 8, upperInHighBytes(p.first), upperInHighBytes(p.second),
-             upperInHighBytes(p.third));
-    } else if (this->packer.isBgr()) {
-      sixteenPixels<true>(x, p);
-    } else {
-      sixteenPixels<false>(x, p);
-    }
+    else if (this->packer.isBgr())
+      sixteenPixels<true>(x);
+    else
+      sixteenPixels<false>(x);
   }
 
   template <bool isBgr>
-  PXM_INLINE void sixteenPixels(ptrdiff_t x, const Planes16& p) const {
-    const TwoOfPixels<I16x8> words = packTwo<Packer::depth, isBgr>(
-        Chain::luma(inHighBytes(p.first)),
-        Chain::chroma(inHighBytes(p.second), inHighBytes(p.third)),
-        Chain::luma(upperInHighBytes(p.first)),
-        Chain::chroma(upperInHighBytes(p.second), upperInHighBytes(p.third)));
+  PXM_INLINE void sixteenPixels(ptrdiff_t x) const {
+    const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
+    const LaneRow<Packer, I16x8> lanes(this->out[0].number);
+    const TwoOfPixels<I16x8> words =
+        packTwo<isBgr>(lanes, Chain::luma(inHighBytes(p.first)),
+                       Chain::chroma(inHighBytes(p.second), inHighBytes(p.third)), lanes,
+                       Chain::luma(upperInHighBytes(p.first)),
+                       Chain::chroma(upperInHighBytes(p.second), upperInHighBytes(p.third)));
     uint8_t* const out = this->out[0].pixels + 2 * x;
     storePixels<8>(out, words.first);
     storePixels<8>(out + 16, words.second);
-  }
-
-  PXM_INLINE void pixels(ptrdiff_t x, I16x8 y, I16x8 cb, I16x8 cr) const {
-    const typename LanePackerOf<Packer>::Type packer(this->packer, this->out[0].number);
-    storePixels<8>(this->out[0].pixels + 2 * x,
-                   packer.pack(join(Chain::luma(y), Chain::chroma(cb, cr))));
   }
 };
 

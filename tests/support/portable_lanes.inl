@@ -16,11 +16,6 @@ struct I16xPortable {
   int16_t e[8];
 };
 
-struct LaneShift {
-  int count;
-  explicit LaneShift(int n) : count(n) {}
-};
-
 template <class L>
 L all(int value);
 template <>
@@ -56,12 +51,6 @@ inline I16xPortable operator|(I16xPortable a, I16xPortable b) {
 inline I16xPortable operator^(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return x ^ y; });
 }
-inline I16xPortable min(I16xPortable a, I16xPortable b) {
-  return each(a, b, [](int x, int y) { return x < y ? x : y; });
-}
-inline I16xPortable max(I16xPortable a, I16xPortable b) {
-  return each(a, b, [](int x, int y) { return x > y ? x : y; });
-}
 inline I16xPortable average(I16xPortable a, I16xPortable b) {
   return each(a, b, [](int x, int y) { return (unsignedOf(x) + unsignedOf(y) + 1) >> 1; });
 }
@@ -85,10 +74,6 @@ template <int n>
 I16xPortable shiftRightLogical(I16xPortable a) {
   return each(a, a, [](int x, int) { return unsignedOf(x) >> n; });
 }
-inline I16xPortable shiftLeft(I16xPortable a, LaneShift s) {
-  return each(a, a, [s](int x, int) { return unsignedOf(x) << s.count; });
-}
-
 // Clamps as the narrowing of 32-bit sums does.
 template <int factor>
 I16xPortable addNeighbours(I16xPortable a, I16xPortable b) {
@@ -99,6 +84,51 @@ I16xPortable addNeighbours(I16xPortable a, I16xPortable b) {
     r.e[i] = static_cast<int16_t>(sum > 32767 ? 32767 : sum < -32768 ? -32768 : sum);
   }
   return r;
+}
+
+// Lanes of two bytes.
+struct PortableBytes {
+  uint8_t b[16];
+};
+inline PortableBytes bytesOf(I16xPortable a) {
+  PortableBytes bytes;
+  memcpy(bytes.b, a.e, sizeof bytes.b);
+  return bytes;
+}
+inline I16xPortable lanesOf(const PortableBytes& bytes) {
+  I16xPortable r;
+  memcpy(r.e, bytes.b, sizeof r.e);
+  return r;
+}
+
+inline I16xPortable narrowed(I16xPortable a, I16xPortable b) {
+  PortableBytes r;
+  for (int i = 0; i < 16; ++i) {
+    const int lane = i < 8 ? a.e[i] : b.e[i - 8];
+    r.b[i] = static_cast<uint8_t>(lane < 0 ? 0 : lane > 255 ? 255 : lane);
+  }
+  return lanesOf(r);
+}
+inline I16xPortable subtractBytes(I16xPortable a, I16xPortable b) {
+  PortableBytes x = bytesOf(a);
+  const PortableBytes y = bytesOf(b);
+  for (int i = 0; i < 16; ++i) x.b[i] = static_cast<uint8_t>(x.b[i] < y.b[i] ? 0 : x.b[i] - y.b[i]);
+  return lanesOf(x);
+}
+inline I16xPortable bytesInTurn(I16xPortable a, I16xPortable b, int from) {
+  const PortableBytes x = bytesOf(a), y = bytesOf(b);
+  PortableBytes r;
+  for (int i = 0; i < 8; ++i) {
+    r.b[2 * i] = x.b[from + i];
+    r.b[2 * i + 1] = y.b[from + i];
+  }
+  return lanesOf(r);
+}
+inline I16xPortable lowBytesInTurn(I16xPortable a, I16xPortable b) {
+  return bytesInTurn(a, b, 0);
+}
+inline I16xPortable highBytesInTurn(I16xPortable a, I16xPortable b) {
+  return bytesInTurn(a, b, 8);
 }
 
 template <class L>

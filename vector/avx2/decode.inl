@@ -5,7 +5,6 @@
 
 #include "decode/sources.inl"
 #include "vector/avx2/lanes.inl"
-#include "vector/byte_packers.inl"
 #include "vector/packers.inl"
 
 PXM_TEXT_BEGIN
@@ -103,13 +102,6 @@ PXM_INLINE I16x16 wideLuma(const Row& row, int r, ptrdiff_t x) {
   return Row::Chain::luma(wideLumaLanes(row.source, r, x));
 }
 
-template <class Row>
-PXM_INLINE I16x16 packedSixteen(const Row& row, int r, ptrdiff_t x,
-                                const LaneTerms<I16x16>& terms) {
-  const typename LanePackerOf<typename Row::Packer>::Type packer(row.packer, row.out[r].number);
-  return packer.pack(join(wideLuma(row, r, x), terms));
-}
-
 // Stores are in the order of blocks of eight, upper row first.
 template <class Row>
 PXM_INLINE void storeRows(const Row& row, ptrdiff_t x, I16x16 upper, I16x16 lower) {
@@ -123,16 +115,18 @@ PXM_INLINE void storeRows(const Row& row, ptrdiff_t x, I16x16 upper, I16x16 lowe
 
 // Two registers: sixteen columns of two rows, or 32 of one.
 template <bool isBgr, class Row>
-PXM_INLINE void plainColumns(const Row& row, ptrdiff_t x) {
-  constexpr int depth = Row::Packer::depth;
+PXM_INLINE void columnsInOrder(const Row& row, ptrdiff_t x) {
+  using LaneRow = LaneRow<typename Row::Packer, I16x16>;
   const LaneTerms<I16x16> a = wideTerms(row, x);
+  const LaneRow upper(row.out[0].number);
   if constexpr (Row::rowCount == 2) {
+    const LaneRow lower(row.out[1].number);
     const TwoOfPixels<I16x16> rows =
-        packTwo<depth, isBgr>(wideLuma(row, 0, x), a, wideLuma(row, 1, x), a);
+        packTwo<isBgr>(upper, wideLuma(row, 0, x), a, lower, wideLuma(row, 1, x), a);
     storeRows(row, x, rows.first, rows.second);
   } else {
-    const TwoOfPixels<I16x16> columns = packTwo<depth, isBgr>(
-        wideLuma(row, 0, x), a, wideLuma(row, 0, x + 16), wideTerms(row, x + 16));
+    const TwoOfPixels<I16x16> columns = packTwo<isBgr>(
+        upper, wideLuma(row, 0, x), a, upper, wideLuma(row, 0, x + 16), wideTerms(row, x + 16));
     storePixels(row.out[0].pixels + 2 * x, columns.first);
     storePixels(row.out[0].pixels + 2 * x + 32, columns.second);
   }
@@ -140,19 +134,10 @@ PXM_INLINE void plainColumns(const Row& row, ptrdiff_t x) {
 
 template <class Row>
 PXM_INLINE void wideColumns(const Row& row, ptrdiff_t x) {
-  if constexpr (!Row::Packer::dithers) {
-    if (row.packer.isBgr())
-      plainColumns<true>(row, x);
-    else
-      plainColumns<false>(row, x);
-  } else {
-    const LaneTerms<I16x16> terms = wideTerms(row, x);
-    const I16x16 upper = packedSixteen(row, 0, x, terms);
-    if constexpr (Row::rowCount == 1)
-      storePixels(row.out[0].pixels + 2 * x, upper);
-    else
-      storeRows(row, x, upper, packedSixteen(row, 1, x, terms));
-  }
+  if (row.packer.isBgr())
+    columnsInOrder<true>(row, x);
+  else
+    columnsInOrder<false>(row, x);
 }
 
 PXM_TEXT_END

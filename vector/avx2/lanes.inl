@@ -37,12 +37,6 @@ PXM_INLINE I16x16 operator^(I16x16 a, I16x16 b) {
 PXM_INLINE I16x16 average(I16x16 a, I16x16 b) {
   return {_mm256_avg_epu16(a.v, b.v)};
 }
-PXM_INLINE I16x16 min(I16x16 a, I16x16 b) {
-  return {_mm256_min_epi16(a.v, b.v)};
-}
-PXM_INLINE I16x16 max(I16x16 a, I16x16 b) {
-  return {_mm256_max_epi16(a.v, b.v)};
-}
 PXM_INLINE I16x16 LaneMulHi(I16x16 a, I16x16 b) {
   return {_mm256_mulhi_epi16(a.v, b.v)};
 }
@@ -62,9 +56,6 @@ PXM_INLINE I16x16 shiftRight(I16x16 a) {
 template <int n>
 PXM_INLINE I16x16 shiftRightLogical(I16x16 a) {
   return {_mm256_srli_epi16(a.v, n)};
-}
-PXM_INLINE I16x16 shiftLeft(I16x16 a, LaneShift s) {
-  return {_mm256_sll_epi16(a.v, s.count)};
 }
 
 // In each half those of a and then those of b.
@@ -133,6 +124,9 @@ PXM_INLINE I16x16 oddWordsDoubled(I16x16 a) {
 // Within each half.
 PXM_INLINE I16x16 narrowed(I16x16 a, I16x16 b) {
   return {_mm256_packus_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 subtractBytes(I16x16 a, I16x16 b) {  // to 0 at the least
+  return {_mm256_subs_epu8(a.v, b.v)};
 }
 PXM_INLINE I16x16 lowBytesInTurn(I16x16 a, I16x16 b) {
   return {_mm256_unpacklo_epi8(a.v, b.v)};

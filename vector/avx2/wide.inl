@@ -44,8 +44,9 @@ struct WideRows420 : Blocks420<Packer> {
     const I16x8 green = lowHalf(greens) + highHalf(greens);
     const LaneTerms<I16x16> terms = {doubled(lowHalf(redBlue)), doubled(green),
                                      doubled(highHalf(redBlue))};
+    const LaneRow<Packer, I16x16> lanes(0);
     const TwoOfPixels<I16x16> rows =
-        packTwo<Packer::depth, true>(luma(0, x), terms, luma(1, x), terms);
+        packTwo<true>(lanes, luma(0, x), terms, lanes, luma(1, x), terms);
     storePixels(this->out[0].pixels + 2 * x, rows.first);
     storePixels(this->out[1].pixels + 2 * x, rows.second);
   }
@@ -95,19 +96,20 @@ struct WideRow422 : Blocks422<Packer> {
 
   PXM_INLINE void wideBlock(ptrdiff_t x) const {
     const I16x16 words = wordsAt(x);
-    const LanePackPlain<Packer::depth> packer(this->packer, 0);
-    storePixels(this->out[0].pixels + 2 * x, packer.pack(join(luma(words), terms(words))));
+    storePixels(this->out[0].pixels + 2 * x, packed(words, words).first);
   }
 
   PXM_INLINE void widestBlock(ptrdiff_t x) const {
-    const I16x16 a = wordsAt(x), b = wordsAt(x + 16);
-    const TwoOfPixels<I16x16> columns =
-        packTwo<Packer::depth, true>(luma(a), terms(a), luma(b), terms(b));
+    const TwoOfPixels<I16x16> columns = packed(wordsAt(x), wordsAt(x + 16));
     storePixels(this->out[0].pixels + 2 * x, columns.first);
     storePixels(this->out[0].pixels + 2 * x + 32, columns.second);
   }
 
  private:
+  PXM_INLINE static TwoOfPixels<I16x16> packed(I16x16 a, I16x16 b) {
+    const LaneRow<Packer, I16x16> lanes(0);
+    return packTwo<true>(lanes, luma(a), terms(a), lanes, luma(b), terms(b));
+  }
   PXM_INLINE I16x16 wordsAt(ptrdiff_t x) const { return load16Lanes(this->source.samples + 2 * x); }
   PXM_INLINE static I16x16 luma(I16x16 words) {
     return wideLuma(words & all<I16x16>(255)) + all<I16x16>(8);

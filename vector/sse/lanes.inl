@@ -17,12 +17,6 @@ struct I16x8 {
   __m128i v;
 };
 
-// A shift count that is known at run time.
-struct LaneShift {
-  __m128i count;
-  PXM_INLINE explicit LaneShift(int n) : count(_mm_cvtsi32_si128(n)) {}
-};
-
 template <class L>
 L all(int value);
 template <>
@@ -46,12 +40,6 @@ PXM_INLINE I16x8 operator|(I16x8 a, I16x8 b) {
 PXM_INLINE I16x8 operator^(I16x8 a, I16x8 b) {
   return {_mm_xor_si128(a.v, b.v)};
 }
-PXM_INLINE I16x8 min(I16x8 a, I16x8 b) {
-  return {_mm_min_epi16(a.v, b.v)};
-}
-PXM_INLINE I16x8 max(I16x8 a, I16x8 b) {
-  return {_mm_max_epi16(a.v, b.v)};
-}
 // Half the sum of unsigned lanes, which may exceed 16 bits; an odd sum is rounded up.
 PXM_INLINE I16x8 average(I16x8 a, I16x8 b) {
   return {_mm_avg_epu16(a.v, b.v)};
@@ -74,9 +62,6 @@ PXM_INLINE I16x8 shiftRight(I16x8 a) {  // arithmetic
 template <int n>
 PXM_INLINE I16x8 shiftRightLogical(I16x8 a) {
   return {_mm_srli_epi16(a.v, n)};
-}
-PXM_INLINE I16x8 shiftLeft(I16x8 a, LaneShift s) {
-  return {_mm_sll_epi16(a.v, s.count)};
 }
 
 // The sums of neighbouring lanes, those of a and then those of b, `factor` times as large; they
@@ -223,6 +208,9 @@ PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
 // The same as lanes of two bytes: those of a and then those of b, clamped; bytes in turn.
 PXM_INLINE I16x8 narrowed(I16x8 a, I16x8 b) {
   return {saturatedBytes(a, b)};
+}
+PXM_INLINE I16x8 subtractBytes(I16x8 a, I16x8 b) {  // to 0 at the least
+  return {_mm_subs_epu8(a.v, b.v)};
 }
 PXM_INLINE I16x8 lowBytesInTurn(I16x8 a, I16x8 b) {
   return {inTurn(a.v, b.v)};
