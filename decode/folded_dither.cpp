@@ -84,27 +84,31 @@ constexpr FoldedDither foldAll(Folding folding, const int32_t (&matrix)[4][4]) {
     for (int column = 0; column < 4; ++column) {
       const bool bends = folding.bits == 6 && row == 0 && column == 2;
       const Numbers n = fold(folding, matrix[row][column], bends ? foldedBend6 : 0);
-      for (const int lane : {column, column + 4}) {
-        folded.bias[row][lane] = static_cast<int16_t>(n.bias);
-        folded.factor[row][lane] = static_cast<int16_t>(n.factor);
-        folded.lower[row][lane] = static_cast<int16_t>(n.lower);
+      for (int lane = column >> 1; lane < 8; lane += 2) {
+        folded.bias[row][column & 1][lane] = static_cast<int16_t>(n.bias);
+        folded.factor[row][column & 1][lane] = static_cast<int16_t>(n.factor);
+        folded.lower[row][column & 1][lane] = static_cast<uint8_t>(n.lower);
       }
     }
   return folded;
 }
 
-constexpr int placesWithout(const FoldedDither& folded) {
-  int places = 0;
-  for (const auto& row : folded.factor)
-    for (const int16_t factor : row) places += factor == 0;
-  return places;
-}
-
-constexpr bool lowers(const FoldedDither& folded) {
-  for (const auto& row : folded.lower)
-    for (const int16_t lower : row)
-      if (lower != 0) return true;
+// Whether a number differs from 0 at any place, and at all of them.
+template <class Number>
+constexpr bool any(const Number (&numbers)[4][2][8]) {
+  for (const auto& row : numbers)
+    for (const auto& columns : row)
+      for (const Number n : columns)
+        if (n != 0) return true;
   return false;
+}
+template <class Number>
+constexpr bool everywhere(const Number (&numbers)[4][2][8]) {
+  for (const auto& row : numbers)
+    for (const auto& columns : row)
+      for (const Number n : columns)
+        if (n == 0) return false;
+  return true;
 }
 
 constexpr int32_t matrix444[4][4] = PXM_DITHER_MATRIX_444;
@@ -113,9 +117,9 @@ constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
 constexpr FoldedDither folded4 = foldAll({4, 1}, matrix444);
 constexpr FoldedDither folded5 = foldAll({5, 16}, matrix555);
 constexpr FoldedDither folded6 = foldAll({6, 16}, matrix555);
-static_assert(placesWithout(folded4) == 0 && placesWithout(folded5) == 0 &&
-              placesWithout(folded6) == 0);
-static_assert(!lowers(folded4) && !lowers(folded5));
+static_assert(everywhere(folded4.factor) && everywhere(folded5.factor) &&
+              everywhere(folded6.factor));
+static_assert(!any(folded4.lower) && !any(folded5.lower));
 
 }  // namespace
 

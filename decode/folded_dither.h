@@ -21,11 +21,12 @@ namespace pxm {
 // the highest level. At one place, row 0 and column 2, the thresholds lie on no straight line, but
 // on one with a bend: there foldedBend6 comes off the bias from 128 on.
 //
-// The numbers are searched for by the compiler. Rows hold their four columns twice, as eight lanes.
+// The numbers are searched for by the compiler. They stand by row, those of the even columns ahead
+// of those of the odd ones, as often as eight lanes or bytes hold them.
 struct FoldedDither {
-  alignas(16) int16_t bias[4][8];
-  alignas(16) int16_t factor[4][8];
-  alignas(16) int16_t lower[4][8];
+  alignas(16) int16_t bias[4][2][8];
+  alignas(16) int16_t factor[4][2][8];
+  alignas(16) uint8_t lower[4][2][8];
 };
 
 constexpr int foldedBend6 = 4;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The decode forms in 16-bit lanes, over any lane type. Samples come in the high byte of a lane; a
-// component leaves in sixteenths. Every value that a lane takes fits 16 bits, so nothing wraps.
+// The decode forms in 16-bit lanes, over any lane type. Luma comes 1 << lumaScale times as large,
+// chroma less 128 in the high byte of a lane; a component leaves in sixteenths. Every value that a
+// lane takes fits 16 bits, so nothing wraps.
 #ifndef PXM_VECTOR_CHAINS_INL
 #define PXM_VECTOR_CHAINS_INL
 
@@ -25,23 +26,19 @@ PXM_INLINE LaneChannels<L> join(L luma, const LaneTerms<L>& t) {
   return {luma + t.red, luma - t.green, luma + t.blue};
 }
 
-// (sample - 128) << 8 of a sample in the high byte.
-template <class L>
-PXM_INLINE L centred(L high) {
-  return high ^ all<L>(0x8000);
-}
-
 // The staged form. A, the luma times 128 less 2048, lies in -2048..30592 and L in -298..4450; no
 // term exceeds 4131 in size.
 struct NarrowChain {
+  static constexpr int lumaScale = 7;
+  static constexpr bool termsAreLate = false;
   template <class L>
   PXM_INLINE static L luma(L y) {
-    return LaneMulHi(shiftRightLogical<1>(y) - all<L>(2048), all<L>(9535));
+    return LaneMulHi(y - all<L>(2048), all<L>(9535));
   }
   // V stays 256-scaled against half the weights, which are even; those of U are not.
   template <class L>
-  PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
-    const L u = shiftRight<1>(centred(cb)), v = centred(cr);
+  PXM_INLINE static LaneTerms<L> chroma(L cb, L v) {
+    const L u = shiftRight<1>(cb);
     return {LaneMulHi(v, all<L>(13074 / 2)),
             LaneMulHi(v, all<L>(6660 / 2)) + LaneMulHi(u, all<L>(3211)),
             LaneMulHi(u, all<L>(16523))};
@@ -57,13 +54,15 @@ struct RoundedNarrowChain : NarrowChain {
 };
 
 struct StagedYuvChain {
+  static constexpr int lumaScale = 4;
+  static constexpr bool termsAreLate = true;  // luma takes no multiplication
   template <class L>
   PXM_INLINE static L luma(L y) {
-    return shiftRightLogical<4>(y);
+    return y;
   }
   template <class L>
   PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
-    const L u = shiftRight<1>(centred(cb)), v = shiftRight<1>(centred(cr));
+    const L u = shiftRight<1>(cb), v = shiftRight<1>(cr);
     return {LaneMulHi(v, all<L>(9338)), LaneMulHi(u, all<L>(3227)) + LaneMulHi(v, all<L>(4759)),
             LaneMulHi(u, all<L>(16646))};
   }

@@ -7,146 +7,131 @@
 #include "decode/columns.inl"
 #include "vector/forms.inl"
 #include "vector/packers.inl"
+#include "vector/sse/columns.inl"
 #include "vector/walk.inl"
 
 PXM_TEXT_BEGIN
 
-// Chroma in lanes, samples in the high bytes, one for each pixel of the block.
-struct LaneChroma {
-  I16x8 cb, cr;
+// What n columns of planes load: luma of one row or two, and chroma of each column or of pairs of
+// columns. (Flat, as the others are: GCC keeps nested arrays in memory.)
+template <class L, class Chroma>
+struct PlanarSamples {
+  PairedBytes<L> upper, lower;
+  Chroma cb, cr;
 };
 
-template <int n, int rows, int shift>
-PXM_INLINE I16x8 lumaLanes(const PlanarRows<rows, shift>& source, int row, ptrdiff_t x) {
-  return inHighBytes(loadBytes<n>(source.luma[row] + x));
+template <class L, int n, int rows>
+PXM_INLINE PairedBytes<L> lastLuma(const Bytes (&luma)[rows], ptrdiff_t x) {
+  return Loads<L>::template columns<n>(luma[rows - 1] + x);
+}
+template <class L, int n, int rows>
+PXM_INLINE PlanarSamples<L, PairedBytes<L>> samplesOf(const PlanarRows<rows, 0>& source,
+                                                      ptrdiff_t x) {
+  return {Loads<L>::template columns<n>(source.luma[0] + x), lastLuma<L, n>(source.luma, x),
+          Loads<L>::template columns<n>(source.cb + x),
+          Loads<L>::template columns<n>(source.cr + x)};
+}
+template <class L, int n, int rows, int shift>
+PXM_INLINE PlanarSamples<L, L> samplesOf(const PlanarRows<rows, shift>& source, ptrdiff_t x) {
+  return {Loads<L>::template columns<n>(source.luma[0] + x), lastLuma<L, n>(source.luma, x),
+          Loads<L>::template chroma<n, shift>(source.cb + (x >> shift)),
+          Loads<L>::template chroma<n, shift>(source.cr + (x >> shift))};
+}
+template <class L, int n>
+PXM_INLINE InterleavedSamples<L> samplesOf(const PackedRow422& source, ptrdiff_t x) {
+  return Loads<L>::template interleaved<n>(source.samples + 2 * x);
+}
+template <class L, int n>
+PXM_INLINE SplitPlanes<L> samplesOf(const PackedRow444& source, ptrdiff_t x) {
+  return Loads<L>::template planes<n>(source.samples + 3 * x);
 }
 
-// Pixels of a group share their sample.
-template <int shift>
-PXM_INLINE __m128i spread(__m128i bytes) {
-  if constexpr (shift == 0) return bytes;
-  if constexpr (shift == 1) return doubled(bytes);
-  if constexpr (shift == 2) return doubled(doubled(bytes));
+template <int row, class L, class Chroma>
+PXM_INLINE PairedBytes<L> lumaOf(const PlanarSamples<L, Chroma>& samples) {
+  return row == 0 ? samples.upper : samples.lower;
+}
+template <int row, class L>
+PXM_INLINE PairedBytes<L> lumaOf(const InterleavedSamples<L>& samples) {
+  return samples.luma;
+}
+template <int row, class L>
+PXM_INLINE SplitBytes<L> lumaOf(const SplitPlanes<L>& planes) {
+  return planes.first;
 }
 
-template <int n, int rows, int shift>
-PXM_INLINE LaneChroma chromaLanes(const PlanarRows<rows, shift>& source, ptrdiff_t x) {
-  constexpr int count = n >> shift;
-  return {inHighBytes(spread<shift>(loadBytes<count>(source.cb + (x >> shift)))),
-          inHighBytes(spread<shift>(loadBytes<count>(source.cr + (x >> shift))))};
+// The terms of chroma, of each column or of pairs of columns.
+template <class Chain, class Samples>
+PXM_INLINE auto termsOfColumns(const Samples& cb, const Samples& cr) {
+  const auto u = cb.centred().template scaled<8>(), v = cr.centred().template scaled<8>();
+  return ByParity{Chain::chroma(u.even, v.even), Chain::chroma(u.odd, v.odd)};
+}
+template <class Chain, class L>
+PXM_INLINE ByParity<LaneTerms<L>> termsOf(const PlanarSamples<L, PairedBytes<L>>& samples) {
+  return termsOfColumns<Chain>(samples.cb, samples.cr);
+}
+template <class Chain, class L>
+PXM_INLINE ByParity<LaneTerms<L>> termsOf(const SplitPlanes<L>& planes) {
+  return termsOfColumns<Chain>(planes.second, planes.third);
+}
+template <class Chain, class L>
+PXM_INLINE LaneTerms<L> termsOf(const PlanarSamples<L, L>& samples) {
+  const L centre = all<L>(0x8000);
+  return Chain::chroma(samples.cb ^ centre, samples.cr ^ centre);
+}
+template <class Chain, class L>
+PXM_INLINE LaneTerms<L> termsOf(const InterleavedSamples<L>& samples) {
+  const ByParity<L> chroma = samples.chroma.centred().template scaled<8>();
+  return Chain::chroma(chroma.even, chroma.odd);
 }
 
-// Words of luma below chroma: Cb in the even ones, Cr in the odd ones.
-template <int n>
-PXM_INLINE I16x8 lumaLanes(const PackedRow422& source, int, ptrdiff_t x) {
-  return shiftLeft<8>(I16x8{loadBytes<2 * n>(source.samples + 2 * x)});
+// Samples of planes with the terms at hand.
+template <class L>
+struct SamplesAndTerms {
+  PairedBytes<L> upper, lower;
+  L red, green, blue;
+};
+template <class Chain, class L>
+PXM_INLINE SamplesAndTerms<L> withTerms(const PlanarSamples<L, L>& samples) {
+  const LaneTerms<L> terms = termsOf<Chain>(samples);
+  return {samples.upper, samples.lower, terms.red, terms.green, terms.blue};
+}
+template <int row, class L>
+PXM_INLINE PairedBytes<L> lumaOf(const SamplesAndTerms<L>& samples) {
+  return row == 0 ? samples.upper : samples.lower;
+}
+template <class Chain, class L>
+PXM_INLINE LaneTerms<L> termsOf(const SamplesAndTerms<L>& samples) {
+  return {samples.red, samples.green, samples.blue};
 }
 
-template <int n>
-PXM_INLINE LaneChroma chromaLanes(const PackedRow422& source, ptrdiff_t x) {
-  const I16x8 words = I16x8{loadBytes<2 * n>(source.samples + 2 * x)} & all<I16x8>(0xFF00);
-  return {evenWordsDoubled(words), oddWordsDoubled(words)};
-}
-
-// How many columns are worked on at once: two registers.
-template <class Columns>
-constexpr int columnsAtOnce = hasWideLanes&& Columns::rowCount == 1 ? 32 : 16;
-
-// One register of pixels, in the order of the packer. It is packed as two alike.
-template <class Packer>
-PXM_INLINE I16x8 packOne(const Packer& packer, int row, I16x8 luma, const LaneTerms<I16x8>& terms) {
-  const LaneRow<Packer, I16x8> lanes(row);
-  return packer.isBgr() ? packTwo<true>(lanes, luma, terms, lanes, luma, terms).first
-                        : packTwo<false>(lanes, luma, terms, lanes, luma, terms).first;
-}
-
+// Blocks are read one ahead, so that loads, regrouping and terms that are late overlap with the
+// arithmetic of the block before. Three planes of full size are at hand soon enough.
 template <class SourceRows>
-constexpr bool sharesInPairs = false;
-template <int rows>
-constexpr bool sharesInPairs<PlanarRows<rows, 1>> = true;
+constexpr bool isReadAhead = true;
+template <>
+constexpr bool isReadAhead<PlanarRows<1, 0>> = false;
 
-// The rows that share a row of chroma. Blocks of a family cover its columns as its cut tells.
-template <class SourceRows, class Form, class Packer, class RestForm>
+// The rows that share a row of chroma. Blocks of a family cover its columns as its cut tells; up to
+// `columnsAtOnce` of them are worked on at once.
+template <class SourceRows, class Form, class Packer, class RestForm,
+          Cut familyCut = cutOf<SourceRows, typename ChainOf<Form>::Type>,
+          int columnsAtOnce = hasWideLanes ? 32 : 16>
 struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   using Scalar = Columns<SourceRows, Form, Packer, RestForm>;
   using Chain = typename ChainOf<Form>::Type;
-  static constexpr Cut cut = cutOf<SourceRows, Chain>;
+  static constexpr Cut cut = familyCut;
   static constexpr bool repeatsLastBlock = ChainOf<Form>::repeatsLastBlock;
-  static constexpr int widest = columnsAtOnce<Scalar>;
+  static constexpr int widest = columnsAtOnce;
+
+  PXM_INLINE ptrdiff_t widestBlocks(ptrdiff_t x, ptrdiff_t end) const {
+    if constexpr (isReadAhead<SourceRows>) return blocksReadAhead(x, end);
+    for (; x + widest <= end; x += widest) block<widest>(x);
+    return x;
+  }
 
   template <int n>
   PXM_INLINE void block(ptrdiff_t x) const {
-    const LaneChroma c = chromaLanes<n>(this->source, x);
-    pixels<n>(x, Chain::chroma(c.cb, c.cr));
-  }
-
-  // Two blocks of eight. Where pairs of pixels share a sample, eight samples serve both, and their
-  // terms are doubled instead of them.
-  PXM_INLINE void widestBlock(ptrdiff_t x) const {
-    if constexpr (hasWideLanes) {
-      wideColumns(*this, x);
-    } else if constexpr (sharesInPairs<SourceRows>) {
-      const LaneTerms<I16x8> t =
-          Chain::chroma(inHighBytes(loadBytes<8>(this->source.cb + (x >> 1))),
-                        inHighBytes(loadBytes<8>(this->source.cr + (x >> 1))));
-      twoBlocks(x,
-                LaneTerms<I16x8>{lowLanesDoubled(t.red), lowLanesDoubled(t.green),
-                                 lowLanesDoubled(t.blue)},
-                LaneTerms<I16x8>{highLanesDoubled(t.red), highLanesDoubled(t.green),
-                                 highLanesDoubled(t.blue)});
-    } else {
-      const LaneChroma a = chromaLanes<8>(this->source, x), b = chromaLanes<8>(this->source, x + 8);
-      twoBlocks(x, Chain::chroma(a.cb, a.cr), Chain::chroma(b.cb, b.cr));
-    }
-  }
-
-  PXM_INLINE void twoBlocks(ptrdiff_t x, const LaneTerms<I16x8>& a,
-                            const LaneTerms<I16x8>& b) const {
-    if (this->packer.isBgr())
-      sixteenPixels<true>(x, a, b);
-    else
-      sixteenPixels<false>(x, a, b);
-  }
-
-  // Stores are in the order of blocks of eight.
-  template <bool isBgr>
-  PXM_INLINE void sixteenPixels(ptrdiff_t x, const LaneTerms<I16x8>& a,
-                                const LaneTerms<I16x8>& b) const {
-    const TwoOfPixels<I16x8> upper = sixteenOfRow<isBgr>(0, x, a, b);
-    uint8_t* const out = this->out[0].pixels + 2 * x;
-    if constexpr (Scalar::rowCount == 1) {
-      storePixels<8>(out, upper.first);
-      storePixels<8>(out + 16, upper.second);
-    } else {
-      const TwoOfPixels<I16x8> lower = sixteenOfRow<isBgr>(1, x, a, b);
-      uint8_t* const below = this->out[1].pixels + 2 * x;
-      storePixels<8>(out, upper.first);
-      storePixels<8>(below, lower.first);
-      storePixels<8>(out + 16, upper.second);
-      storePixels<8>(below + 16, lower.second);
-    }
-  }
-
-  template <bool isBgr>
-  PXM_INLINE TwoOfPixels<I16x8> sixteenOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& a,
-                                             const LaneTerms<I16x8>& b) const {
-    const LaneRow<Packer, I16x8> lanes(this->out[row].number);
-    return packTwo<isBgr>(lanes, Chain::luma(lumaLanes<8>(this->source, row, x)), a, lanes,
-                          Chain::luma(lumaLanes<8>(this->source, row, x + 8)), b);
-  }
-
-  // The rows of one block, upper first.
-  template <int n>
-  PXM_INLINE void pixels(ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
-    pixelsOfRow<n>(0, x, terms);
-    if constexpr (Scalar::rowCount == 2) pixelsOfRow<n>(1, x, terms);
-  }
-
-  template <int n>
-  PXM_INLINE void pixelsOfRow(int row, ptrdiff_t x, const LaneTerms<I16x8>& terms) const {
-    storePixels<n>(this->out[row].pixels + 2 * x,
-                   packOne(this->packer, this->out[row].number,
-                           Chain::luma(lumaLanes<n>(this->source, row, x)), terms));
+    convert<n>(x, samplesAt<n>(x));
   }
 
   // Required: where the last whole block is one of four columns, one of two follows it, beyond the
@@ -154,48 +139,63 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   PXM_INLINE void oneBlockTooMany(ptrdiff_t x, int width) const {
     if ((width & 6) == 4) block<2>(x);
   }
-};
 
-// Interleaved 4:4:4: all three samples of a pixel come out of one regrouping.
-template <class Form, class Packer, class RestForm>
-struct Blocks<PackedRow444, Form, Packer, RestForm>
-    : Columns<PackedRow444, Form, Packer, RestForm> {
-  using Scalar = Columns<PackedRow444, Form, Packer, RestForm>;
-  using Chain = typename ChainOf<Form>::Type;
-  static constexpr Cut cut = cutByEight;
-  static constexpr bool repeatsLastBlock = false;
-  static constexpr int widest = columnsAtOnce<Scalar>;
-
+ private:
   template <int n>
-  PXM_INLINE void block(ptrdiff_t x) const {
-    const Planes8 p = planesOfEight(this->source.samples + 3 * x);
-    storePixels<8>(this->out[0].pixels + 2 * x,
-                   packOne(this->packer, this->out[0].number, Chain::luma(p.first),
-                           Chain::chroma(p.second, p.third)));
-  }
-
-  PXM_INLINE void widestBlock(ptrdiff_t x) const {
-    if constexpr (hasWideLanes)
-      wideColumns(*this, x);
-    else if (this->packer.isBgr())
-      sixteenPixels<true>(x);
+  PXM_INLINE auto samplesAt(ptrdiff_t x) const {
+    const auto samples = samplesOf<typename LanesFor<n>::Type, n>(this->source, x);
+    if constexpr (Chain::termsAreLate)
+      return withTerms<Chain>(samples);
     else
-      sixteenPixels<false>(x);
+      return samples;
   }
 
-  template <bool isBgr>
-  PXM_INLINE void sixteenPixels(ptrdiff_t x) const {
-    const Planes16 p = planesOfSixteen(this->source.samples + 3 * x);
-    const LaneRow<Packer, I16x8> lanes(this->out[0].number);
-    const TwoOfPixels<I16x8> words =
-        packTwo<isBgr>(lanes, Chain::luma(inHighBytes(p.first)),
-                       Chain::chroma(inHighBytes(p.second), inHighBytes(p.third)), lanes,
-                       Chain::luma(upperInHighBytes(p.first)),
-                       Chain::chroma(upperInHighBytes(p.second), upperInHighBytes(p.third)));
-    uint8_t* const out = this->out[0].pixels + 2 * x;
-    storePixels<8>(out, words.first);
-    storePixels<8>(out + 16, words.second);
+  // At the end the last block is read once more.
+  PXM_INLINE ptrdiff_t blocksReadAhead(ptrdiff_t x, ptrdiff_t end) const {
+    if (end - x < widest) return x;
+    const ptrdiff_t last = x + ((end - x) & -widest) - widest;
+    auto samples = samplesAt<widest>(x);
+    for (; x <= last; x += widest) {
+      const auto next = samplesAt<widest>(x < last ? x + widest : last);
+      convert<widest>(x, samples);
+      samples = next;
+    }
+    return x;
   }
+
+  template <int n, class Samples>
+  PXM_INLINE void convert(ptrdiff_t x, const Samples& samples) const {
+    if (this->packer.isBgr())
+      convertInOrder<n, true>(x, samples);
+    else
+      convertInOrder<n, false>(x, samples);
+  }
+
+  template <int n, bool isBgr, class Samples>
+  PXM_INLINE void convertInOrder(ptrdiff_t x, const Samples& samples) const {
+    const auto terms = termsOf<Chain>(samples);
+    const auto luma = lumaLanes<0>(samples);
+    if constexpr (Scalar::rowCount == 1) {
+      storeRow<n>(pixelsAt(0, x), packed<isBgr>(0, luma, terms));
+    } else {
+      const auto lower = lumaLanes<1>(samples);
+      const auto upperPixels = packed<isBgr>(0, luma, terms);
+      const auto lowerPixels = packed<isBgr>(1, lower, terms);
+      storeRows<n, cut.main>(pixelsAt(0, x), upperPixels, pixelsAt(1, x), lowerPixels);
+    }
+  }
+
+  template <int row, class Samples>
+  PXM_INLINE static auto lumaLanes(const Samples& samples) {
+    const auto y = lumaOf<row>(samples).template scaled<Chain::lumaScale>();
+    return ByParity{Chain::luma(y.even), Chain::luma(y.odd)};
+  }
+  template <bool isBgr, class L, class Terms>
+  PXM_INLINE PackedColumns<L> packed(int row, const ByParity<L>& luma, const Terms& terms) const {
+    return packColumns<isBgr>(LaneRow<Packer, L>(this->out[row].number), luma, terms);
+  }
+
+  PXM_INLINE uint8_t* pixelsAt(int row, ptrdiff_t x) const { return this->out[row].pixels + 2 * x; }
 };
 
 PXM_TEXT_END

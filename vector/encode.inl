@@ -59,7 +59,10 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
   static constexpr bool repeatsLastBlock = false;
   static constexpr int widest = hasWideLanes ? 32 : 0;
 
-  PXM_INLINE void widestBlock(ptrdiff_t x) const { thirtyTwoColumns(*this, x); }
+  PXM_INLINE ptrdiff_t widestBlocks(ptrdiff_t x, ptrdiff_t end) const {
+    for (; x + widest <= end; x += widest) thirtyTwoColumns(*this, x);
+    return x;
+  }
 
   // Four columns share their chroma in 4:1:1: the sums of 32 fill a register.
   template <int n>

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Components in lanes to packed pixels, two registers of pixels at once: narrowing clamps the
-// components to bytes whose top bits are the levels, and the fields are put together as bytes. The
-// colour order is known here, so that no shift is by a count of the run.
+// Components in lanes to packed pixels, a register of even columns and one of odd columns at once:
+// narrowing clamps the components to bytes whose top bits are the levels, and the fields are put
+// together as bytes. The colour order is known here, so that no shift is by a count of the run.
 #ifndef PXM_VECTOR_PACKERS_INL
 #define PXM_VECTOR_PACKERS_INL
 
 #include "decode/dither.inl"
 #include "decode/folded_dither.h"
 #include "vector/chains.inl"
+#include "vector/samples.inl"
 
 PXM_TEXT_BEGIN
 
@@ -39,9 +40,9 @@ PXM_INLINE PixelBytes<L> pixelBytes(L low, L green, L high) {
             (high & all<L>(0xF8F8)) | shiftBytesRight<5>(green)};
 }
 
-// What a packer does to the components of one row, which end between 0 and 255 or are clamped to
-// that by the narrowing. A block starts at a multiple of four columns, so the column phase needs no
-// care.
+// What a packer does to the components of one row, at even columns or at odd ones: they end between
+// 0 and 255, or are clamped to that by the narrowing. A block starts at a multiple of four columns,
+// so the column phase needs no care.
 template <class Packer, class L>
 struct LaneRow;
 
@@ -49,101 +50,117 @@ struct LaneRow;
 template <int depth, class L>
 struct LaneRow<PackPlain<depth>, L> {
   PXM_INLINE explicit LaneRow(int) {}
+  template <Parity>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
     const LaneChannels<L> c = join(luma, terms);
     return {shiftRight<4>(c.red), shiftRight<4>(c.green), shiftRight<4>(c.blue)};
+  }
+  PXM_INLINE L settledGreen(L bytes) const { return bytes; }
+};
+
+// The numbers of a folded dither for one row.
+template <class L>
+struct FoldedRow {
+  L bias[2], factor[2];
+  PXM_INLINE FoldedRow(const FoldedDither& folded, int row)
+      : bias{loadLanes<L>(folded.bias[row][0]), loadLanes<L>(folded.bias[row][1])},
+        factor{loadLanes<L>(folded.factor[row][0]), loadLanes<L>(folded.factor[row][1])} {}
+
+  template <Parity parity>
+  PXM_INLINE L biased(L sixteenths) const {
+    return (sixteenths & all<L>(~15)) + bias[parity];
+  }
+  template <Parity parity>
+  PXM_INLINE L byte(L biased) const {
+    return LaneMulHi(biased, factor[parity]);
   }
 };
 
 // One bias serves the three components.
 template <class L>
 struct LaneRow<PackDither<444>, L> {
-  L bias, factor;
-  PXM_INLINE explicit LaneRow(int row)
-      : bias(loadLanes<L>(foldedDither4.bias[row & 3])),
-        factor(loadLanes<L>(foldedDither4.factor[row & 3])) {}
+  FoldedRow<L> four;
+  PXM_INLINE explicit LaneRow(int row) : four(foldedDither4, row & 3) {}
 
+  template <Parity p>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
-    const LaneChannels<L> c = join(luma + bias, terms);
-    return {LaneMulHi(c.red, factor), LaneMulHi(c.green, factor), LaneMulHi(c.blue, factor)};
+    const LaneChannels<L> c = join(luma + four.bias[p], terms);
+    return {four.template byte<p>(c.red), four.template byte<p>(c.green),
+            four.template byte<p>(c.blue)};
   }
+  PXM_INLINE L settledGreen(L bytes) const { return bytes; }
 };
 
 template <class L>
-PXM_INLINE L withoutFraction(L sixteenths) {
-  return sixteenths & all<L>(~15);
-}
-
-template <class L>
 struct LaneRow<PackDither<555>, L> {
-  L bias, factor;
-  PXM_INLINE explicit LaneRow(int row)
-      : bias(loadLanes<L>(foldedDither5.bias[row & 3])),
-        factor(loadLanes<L>(foldedDither5.factor[row & 3])) {}
+  FoldedRow<L> five;
+  PXM_INLINE explicit LaneRow(int row) : five(foldedDither5, row & 3) {}
 
+  template <Parity p>
   PXM_INLINE L byte(L sixteenths) const {
-    return LaneMulHi(withoutFraction(sixteenths) + bias, factor);
+    return five.template byte<p>(five.template biased<p>(sixteenths));
   }
+  template <Parity p>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
     const LaneChannels<L> c = join(luma, terms);
-    return {byte(c.red), byte(c.green), byte(c.blue)};
+    return {byte<p>(c.red), byte<p>(c.green), byte<p>(c.blue)};
   }
+  PXM_INLINE L settledGreen(L bytes) const { return bytes; }
 };
 
 // Red and blue are those of 555. Green has numbers of its own, and in row 0 a bend.
 template <class L>
 struct LaneRow<PackDither<565>, L> {
-  LaneRow<PackDither<555>, L> five;
-  L bias, factor, lower;
+  LaneRow<PackDither<555>, L> redBlue;
+  FoldedRow<L> six;
+  L lower;
   bool bends;
   PXM_INLINE explicit LaneRow(int row)
-      : five(row),
-        bias(loadLanes<L>(foldedDither6.bias[row & 3])),
-        factor(loadLanes<L>(foldedDither6.factor[row & 3])),
+      : redBlue(row),
+        six(foldedDither6, row & 3),
         lower(loadLanes<L>(foldedDither6.lower[row & 3])),
         bends((row & 3) == 0) {}
 
+  template <Parity p>
   PXM_INLINE L greenByte(L sixteenths) const {
     static_assert(foldedBend6 == 2048 >> 9);
-    static constexpr int16_t bend[8] = {0, 0, foldedBend6, 0, 0, 0, foldedBend6, 0};
-    L biased = withoutFraction(sixteenths) + bias;
-    if (bends) biased = biased - (shiftRight<9>(sixteenths) & loadLanes<L>(bend));
-    return LaneMulHi(biased, factor);
+    L biased = six.template biased<p>(sixteenths);
+    if constexpr (p == even) {
+      static constexpr int16_t bend[8] = {0, foldedBend6, 0, foldedBend6,
+                                          0, foldedBend6, 0, foldedBend6};
+      if (bends) biased = biased - (shiftRight<9>(sixteenths) & loadLanes<L>(bend));
+    }
+    return six.template byte<p>(biased);
   }
+  template <Parity p>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
     const LaneChannels<L> c = join(luma, terms);
-    return {five.byte(c.red), greenByte(c.green), five.byte(c.blue)};
+    return {redBlue.template byte<p>(c.red), greenByte<p>(c.green),
+            redBlue.template byte<p>(c.blue)};
   }
+  PXM_INLINE L settledGreen(L bytes) const { return subtractBytes(bytes, lower); }
 };
 
-// What is left to do with green once it is narrowed, a register of each row.
-template <class Row, class L>
-PXM_INLINE L settled(L green, const Row&, const Row&) {
-  return green;
-}
+// Pixels in order; of a register with two halves, in each half of both.
 template <class L>
-PXM_INLINE L settled(L green, const LaneRow<PackDither<565>, L>& rowA,
-                     const LaneRow<PackDither<565>, L>& rowB) {
-  return subtractBytes(green, narrowed(rowA.lower, rowB.lower));
-}
-
-// Two registers of pixels, in the order of the lumas that they came from: narrowing and taking
-// bytes in turn both stay within the halves of a register.
-template <class L>
-struct TwoOfPixels {
+struct PackedColumns {
   L first, second;
 };
 
-template <bool isBgr, class Packer, class L>
-PXM_INLINE TwoOfPixels<L> packTwo(const LaneRow<Packer, L>& rowA, L lumaA, const LaneTerms<L>& a,
-                                  const LaneRow<Packer, L>& rowB, L lumaB, const LaneTerms<L>& b) {
-  const LaneChannels<L> first = rowA.bytes(lumaA, a), second = rowB.bytes(lumaB, b);
-  const L red = narrowed(first.red, second.red);
-  const L green = settled(narrowed(first.green, second.green), rowA, rowB);
-  const L blue = narrowed(first.blue, second.blue);
+// Terms are those of each column, or of pairs of columns.
+template <bool isBgr, class Packer, class L, class Terms>
+PXM_INLINE PackedColumns<L> packColumns(const LaneRow<Packer, L>& row, const ByParity<L>& luma,
+                                        const Terms& terms) {
+  const LaneChannels<L> e = row.template bytes<even>(luma.even, at<even>(terms));
+  const LaneChannels<L> o = row.template bytes<odd>(luma.odd, at<odd>(terms));
+  const L red = narrowed(e.red, o.red);
+  const L green = row.settledGreen(narrowed(e.green, o.green));
+  const L blue = narrowed(e.blue, o.blue);
   const PixelBytes<L> bytes = isBgr ? pixelBytes<Packer::depth>(blue, green, red)
                                     : pixelBytes<Packer::depth>(red, green, blue);
-  return {lowBytesInTurn(bytes.low, bytes.high), highBytesInTurn(bytes.low, bytes.high)};
+  const L evenColumns = lowBytesInTurn(bytes.low, bytes.high);
+  const L oddColumns = highBytesInTurn(bytes.low, bytes.high);
+  return {lowLanesInTurn(evenColumns, oddColumns), highLanesInTurn(evenColumns, oddColumns)};
 }
 
 PXM_TEXT_END

@@ -40,8 +40,12 @@ PXM_INLINE void walk(const Row& row, int width, int beyond = 0) {
   constexpr Cut cut = Row::cut;
   ptrdiff_t x = 0;
   const ptrdiff_t end = width & cut.bound;
-  if constexpr (Row::widest != 0)
-    for (; x + Row::widest <= end; x += Row::widest) row.widestBlock(x);
+  if constexpr (Row::widest != 0) x = row.widestBlocks(x, end);
+  if constexpr (Row::widest > 2 * cut.main)
+    if (x + Row::widest / 2 <= end) {
+      row.template block<Row::widest / 2>(x);
+      x += Row::widest / 2;
+    }
   for (; x < end; x += cut.main) row.template block<cut.main>(x);
   blockIfWidthHas<cut.smaller[0]>(row, x, width);
   blockIfWidthHas<cut.smaller[1]>(row, x, width);

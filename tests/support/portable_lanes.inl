@@ -140,6 +140,21 @@ inline I16xPortable loadLanes<I16xPortable>(const void* p) {
   return r;
 }
 
+inline I16xPortable lanesInTurn(I16xPortable a, I16xPortable b, int from) {
+  I16xPortable r;
+  for (int i = 0; i < 4; ++i) {
+    r.e[2 * i] = a.e[from + i];
+    r.e[2 * i + 1] = b.e[from + i];
+  }
+  return r;
+}
+inline I16xPortable lowLanesInTurn(I16xPortable a, I16xPortable b) {
+  return lanesInTurn(a, b, 0);
+}
+inline I16xPortable highLanesInTurn(I16xPortable a, I16xPortable b) {
+  return lanesInTurn(a, b, 4);
+}
+
 PXM_TEXT_END
 
 #endif

@@ -6,6 +6,6 @@
 #define PXM_VARIANT_KERNELS "vector/avx2/l9_kernels.inl"
 
 #ifdef PXM_WIDE_LANES
-#include "vector/avx2/decode.inl"
+#include "vector/avx2/columns.inl"
 #include "vector/avx2/encode.inl"
 #endif

@@ -125,6 +125,12 @@ PXM_INLINE I16x16 oddWordsDoubled(I16x16 a) {
 PXM_INLINE I16x16 narrowed(I16x16 a, I16x16 b) {
   return {_mm256_packus_epi16(a.v, b.v)};
 }
+PXM_INLINE I16x16 lowLanesInTurn(I16x16 a, I16x16 b) {
+  return {_mm256_unpacklo_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x16 highLanesInTurn(I16x16 a, I16x16 b) {
+  return {_mm256_unpackhi_epi16(a.v, b.v)};
+}
 PXM_INLINE I16x16 subtractBytes(I16x16 a, I16x16 b) {  // to 0 at the least
   return {_mm256_subs_epu8(a.v, b.v)};
 }

@@ -209,6 +209,12 @@ PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
 PXM_INLINE I16x8 narrowed(I16x8 a, I16x8 b) {
   return {saturatedBytes(a, b)};
 }
+PXM_INLINE I16x8 lowLanesInTurn(I16x8 a, I16x8 b) {
+  return {_mm_unpacklo_epi16(a.v, b.v)};
+}
+PXM_INLINE I16x8 highLanesInTurn(I16x8 a, I16x8 b) {
+  return {_mm_unpackhi_epi16(a.v, b.v)};
+}
 PXM_INLINE I16x8 subtractBytes(I16x8 a, I16x8 b) {  // to 0 at the least
   return {_mm_subs_epu8(a.v, b.v)};
 }

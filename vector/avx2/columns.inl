@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// Samples of 32 columns to lanes, and their pixels to memory: sixteen columns in each half of a
+// register.
+#ifndef PXM_VECTOR_AVX2_COLUMNS_INL
+#define PXM_VECTOR_AVX2_COLUMNS_INL
+
+#include "vector/avx2/lanes.inl"
+#include "vector/sse/columns.inl"
+
+PXM_TEXT_BEGIN
+
+template <>
+struct LanesFor<32> {
+  using Type = I16x16;
+};
+
+// For each byte the one of its half that comes there, or none: -1 gives zero.
+struct BytePlaces {
+  alignas(32) int8_t bytes[32];
+};
+
+template <class PlaceOf>
+constexpr BytePlaces bytePlaces() {
+  BytePlaces p = {};
+  for (int i = 0; i < 32; ++i) p.bytes[i] = static_cast<int8_t>(PlaceOf::byte(i));
+  return p;
+}
+
+template <class PlaceOf>
+PXM_INLINE I16x16 bytesAt(I16x16 a) {
+  static constexpr BytePlaces places = bytePlaces<PlaceOf>();
+  return {
+      _mm256_shuffle_epi8(a.v, _mm256_load_si256(reinterpret_cast<const __m256i*>(places.bytes)))};
+}
+
+// Samples in a row, each for `share` lanes, in their high bytes; all stand in both halves.
+template <int share>
+struct SpreadPlaces {
+  static constexpr int byte(int i) { return i % 2 == 0 ? -1 : i / 2 / share; }
+};
+
+// Byte `channel` of sixteen pixels of three, even columns ahead of odd ones, from the third of
+// their 48 bytes that begins at `from`.
+template <int channel, int from>
+struct PlanePlaces {
+  static constexpr int byte(int i) {
+    const int column = i % 8 * 2 + i % 16 / 8;
+    const int place = 3 * column + channel - from;
+    return place >= 0 && place < 16 ? place : -1;
+  }
+};
+
+template <>
+struct Loads<I16x16> {
+  template <int>
+  PXM_INLINE static PairedBytes<I16x16> columns(const uint8_t* p) {
+    return {load16Lanes(p)};
+  }
+
+  template <int n, int shift>
+  PXM_INLINE static I16x16 chroma(const uint8_t* p) {
+    return bytesAt<SpreadPlaces<1 << (shift - 1)>>(
+        {_mm256_broadcastsi128_si256(loadBytes<(n >> shift)>(p))});
+  }
+
+  template <int>
+  PXM_INLINE static InterleavedSamples<I16x16> interleaved(const uint8_t* p) {
+    const I16x16 a = loadHalves(p, p + 32), b = loadHalves(p + 16, p + 48);
+    const I16x16 low = all<I16x16>(0xFF);
+    return {{narrowed(a & low, b & low)},
+            {narrowed(shiftRightLogical<8>(a), shiftRightLogical<8>(b))}};
+  }
+
+  template <int>
+  PXM_INLINE static SplitPlanes<I16x16> planes(const uint8_t* p) {
+    const I16x16 a = loadHalves(p, p + 48), b = loadHalves(p + 16, p + 64);
+    const I16x16 c = loadHalves(p + 32, p + 80);
+    return {plane<0>(a, b, c), plane<1>(a, b, c), plane<2>(a, b, c)};
+  }
+
+ private:
+  template <int channel>
+  PXM_INLINE static SplitBytes<I16x16> plane(I16x16 a, I16x16 b, I16x16 c) {
+    return {bytesAt<PlanePlaces<channel, 0>>(a) | bytesAt<PlanePlaces<channel, 16>>(b) |
+            bytesAt<PlanePlaces<channel, 32>>(c)};
+  }
+};
+
+// The sixteen columns of the low halves, or of the high ones.
+template <int half>
+PXM_INLINE I16x16 sixteenColumns(const PackedColumns<I16x16>& pixels) {
+  return {_mm256_permute2x128_si256(pixels.first.v, pixels.second.v, half == 0 ? 0x20 : 0x31)};
+}
+
+template <int>
+PXM_INLINE void storeRow(uint8_t* out, const PackedColumns<I16x16>& pixels) {
+  storePixels(out, sixteenColumns<0>(pixels));
+  storePixels(out + 32, sixteenColumns<1>(pixels));
+}
+
+template <int, int inBlocksOf>
+PXM_INLINE void storeRows(uint8_t* out, const PackedColumns<I16x16>& upper, uint8_t* below,
+                          const PackedColumns<I16x16>& lower) {
+  if constexpr (inBlocksOf == 16) {
+    storePixels(out, sixteenColumns<0>(upper));
+    storePixels(below, sixteenColumns<0>(lower));
+    storePixels(out + 32, sixteenColumns<1>(upper));
+    storePixels(below + 32, sixteenColumns<1>(lower));
+  } else {
+    storeRows<16, inBlocksOf>(
+        out, PackedColumns<I16x8>{lowHalf(upper.first), lowHalf(upper.second)}, below,
+        PackedColumns<I16x8>{lowHalf(lower.first), lowHalf(lower.second)});
+    storeRows<16, inBlocksOf>(
+        out + 32, PackedColumns<I16x8>{highHalf(upper.first), highHalf(upper.second)}, below + 32,
+        PackedColumns<I16x8>{highHalf(lower.first), highHalf(lower.second)});
+  }
+}
+
+PXM_TEXT_END
+
+#endif
