@@ -13,10 +13,13 @@ set(PXM_CODE_FLAGS
   -fno-stack-protector            # pure computation without arrays on the stack; needs no runtime
   $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
 
-# "Plain" code stays plain, floats are rounded at every step.
+# "Plain" code stays plain, floats are rounded at every step. Registers that a structure holds stay
+# registers however many they are.
 set(PXM_KERNEL_FLAGS
   -ffp-contract=off
-  $<IF:$<CXX_COMPILER_ID:GNU>,-fno-tree-vectorize,-fno-vectorize;-fno-slp-vectorize>)
+  $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize>
+  $<$<CXX_COMPILER_ID:GNU>:--param=sra-max-scalarization-size-Ospeed=2048>
+  $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>)
 
 function(pxm_add_objects name)
   add_library(${name} OBJECT ${ARGN})

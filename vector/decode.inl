@@ -120,6 +120,9 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   using Scalar = Columns<SourceRows, Form, Packer, RestForm>;
   using Chain = typename ChainOf<Form>::Type;
   static constexpr Cut cut = familyCut;
+  // Two rows that overlap are written in turn, two columns at a time where no block is told.
+  static constexpr bool restFitsBlocks =
+      ChainOf<Form>::isTheForm && (Scalar::rowCount == 1 || isSmaller(cut, 4));
   static constexpr bool repeatsLastBlock = ChainOf<Form>::repeatsLastBlock;
   static constexpr int widest = columnsAtOnce;
 

@@ -56,6 +56,7 @@ struct EncodedBlocks : Groups<Pixels, TargetRow, GroupOf, rest> {
   using Parts = LaneParts<I16x8>;
   static constexpr int rowCount = Scalar::rowCount;
   static constexpr Cut cut = EncodeCut<typename Scalar::Group, TargetRow>::cut;
+  static constexpr bool restFitsBlocks = false;
   static constexpr bool repeatsLastBlock = false;
   static constexpr int widest = hasWideLanes ? 32 : 0;
 

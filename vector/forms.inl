@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which chain stands for which scalar form, and how a family's rows are cut.
+// Which chain stands for which scalar form, and how a family's rows are cut. Some chains are their
+// form, sample for sample; the others differ from it.
 #ifndef PXM_VECTOR_FORMS_INL
 #define PXM_VECTOR_FORMS_INL
 
@@ -10,23 +11,31 @@
 PXM_TEXT_BEGIN
 
 template <class Form>
-struct ChainOf {  // DecodeStaged; required: DecodeWide and DecodeFolded too
+struct ChainOf {  // required: of DecodeWide and DecodeFolded too
   using Type = NarrowChain;
+  static constexpr bool isTheForm = false;
   static constexpr bool repeatsLastBlock = false;
+};
+template <>
+struct ChainOf<DecodeStaged> : ChainOf<void> {
+  static constexpr bool isTheForm = true;
 };
 template <>
 struct ChainOf<DecodeRounded> {
   using Type = RoundedNarrowChain;
+  static constexpr bool isTheForm = false;
   static constexpr bool repeatsLastBlock = false;
 };
 template <>
 struct ChainOf<DecodeYuvStaged> {
   using Type = StagedYuvChain;
+  static constexpr bool isTheForm = true;
   static constexpr bool repeatsLastBlock = false;
 };
 template <>
 struct ChainOf<DecodeYuvRounded> {  // required: not rounded in lanes
   using Type = StagedYuvChain;
+  static constexpr bool isTheForm = false;
   static constexpr bool repeatsLastBlock = true;
 };
 

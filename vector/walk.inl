@@ -9,9 +9,9 @@
 
 PXM_TEXT_BEGIN
 
-// Main blocks up to width & bound, then at most one block of each smaller size for which the width
-// has the bit, then the scalar tail. Required: the bound is not always main's own multiple, and the
-// columns that it leaves out are scalar.
+// The columns that need not be scalar: main blocks up to width & bound, then at most one block of
+// each smaller size for which the width has the bit, then the scalar tail. Required: the bound is
+// not always main's own multiple, and the columns that it leaves out are scalar.
 struct Cut {
   int main, bound;
   int smaller[3];
@@ -33,8 +33,13 @@ PXM_INLINE void blockIfWidthHas(const Row& row, ptrdiff_t& x, int width) {
     }
 }
 
+constexpr bool isSmaller(const Cut& cut, int size) {
+  return cut.smaller[0] == size || cut.smaller[1] == size || cut.smaller[2] == size;
+}
+
 // Walks one row, or the rows that share a row of chroma, from the left. Several main blocks may be
-// worked on at once: `widest` columns. The scalar tail may go on `beyond` the row.
+// worked on at once: `widest` columns. Where blocks give what the scalar tail gives, they take the
+// four columns and the two that may be left of its own. The tail may go on `beyond` the row.
 template <class Row>
 PXM_INLINE void walk(const Row& row, int width, int beyond = 0) {
   constexpr Cut cut = Row::cut;
@@ -50,6 +55,10 @@ PXM_INLINE void walk(const Row& row, int width, int beyond = 0) {
   blockIfWidthHas<cut.smaller[0]>(row, x, width);
   blockIfWidthHas<cut.smaller[1]>(row, x, width);
   blockIfWidthHas<cut.smaller[2]>(row, x, width);
+  if constexpr (Row::restFitsBlocks) {
+    blockIfWidthHas<isSmaller(cut, 4) ? 0 : 4>(row, x, width);
+    blockIfWidthHas<isSmaller(cut, 2) ? 0 : 2>(row, x, width);
+  }
   if constexpr (Row::repeatsLastBlock) row.oneBlockTooMany(x, width);
   row.tail(x, ptrdiff_t{width} + beyond);
 }

@@ -31,6 +31,7 @@ struct DecodeRoundedLow {
 template <>
 struct ChainOf<DecodeRoundedLow> {
   using Type = RoundedNarrowChain;
+  static constexpr bool isTheForm = false;
   static constexpr bool repeatsLastBlock = false;
 };
 

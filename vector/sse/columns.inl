@@ -49,17 +49,21 @@ struct Loads<I16x8> {
 
   template <int n>
   PXM_INLINE static InterleavedSamples<I16x8> interleaved(const uint8_t* p) {
-    const I16x8 a = {loadBytes<16>(p)};
+    const I16x8 a = {loadBytes<(n < 8 ? 2 * n : 16)>(p)};
     const I16x8 b = n == 16 ? I16x8{loadBytes<16>(p + 2 * n - 16)} : a;
     const I16x8 low = all<I16x8>(0xFF);
     return {{narrowed(a & low, b & low)},
             {narrowed(shiftRightLogical<8>(a), shiftRightLogical<8>(b))}};
   }
 
-  // Two pixels of three bytes, and two bytes behind them; the same without reading those.
+  // Two pixels of three bytes, and two bytes behind them. The last two of a block come without
+  // those; they may be its only ones.
   PXM_INLINE static __m128i twoPixels(const uint8_t* p) { return loadBytes<8>(p); }
   PXM_INLINE static __m128i twoLastPixels(const uint8_t* p) {
     return _mm_srli_epi64(loadBytes<8>(p - 2), 16);
+  }
+  PXM_INLINE static __m128i twoOnlyPixels(const uint8_t* p) {
+    return _mm_unpacklo_epi32(loadBytes<4>(p), loadBytes<2>(p + 4));
   }
   // A half of each register: the lower or the upper.
   template <int ofA, int ofB>
@@ -72,11 +76,15 @@ struct Loads<I16x8> {
   // plane's two parities end in halves of different registers.
   template <int n>
   PXM_INLINE static SplitPlanes<I16x8> planes(const uint8_t* p) {
-    const __m128i a = inTurn(twoPixels(p), twoPixels(p + 6));
-    const __m128i b =
-        inTurn(twoPixels(p + 12), n == 16 ? twoPixels(p + 18) : twoLastPixels(p + 18));
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i a = n == 2   ? inTurn(twoOnlyPixels(p), zero)
+                      : n == 4 ? inTurn(twoPixels(p), twoLastPixels(p + 6))
+                               : inTurn(twoPixels(p), twoPixels(p + 6));
+    const __m128i b = n <= 4   ? zero
+                      : n == 8 ? inTurn(twoPixels(p + 12), twoLastPixels(p + 18))
+                               : inTurn(twoPixels(p + 12), twoPixels(p + 18));
     const __m128i left = _mm_unpacklo_epi16(a, b), leftRest = _mm_unpackhi_epi16(a, b);
-    __m128i right = _mm_setzero_si128(), rightRest = right;
+    __m128i right = zero, rightRest = zero;
     if constexpr (n == 16) {
       const __m128i c = inTurn(twoPixels(p + 24), twoPixels(p + 30));
       const __m128i d = inTurn(twoPixels(p + 36), twoLastPixels(p + 42));
