@@ -62,8 +62,7 @@ void expectPackedAs(int row, bool bgr, int red, int green, int blue) {
   const ByParity<LaneTerms<L>> terms = {
       {all<L>(red - 100), all<L>(100 - green), all<L>(blue - 100)},
       {all<L>(blue + 100), all<L>(-100 - red), all<L>(green + 100)}};
-  const PackedColumns<L> words =
-      bgr ? packColumns<true>(lanes, luma, terms) : packColumns<false>(lanes, luma, terms);
+  const PackedColumns<L> words = packColumns(bgr, lanes, luma, terms);
   const int r = clamped(red >> 4), g = clamped(green >> 4), b = clamped(blue >> 4);
   for (int x = 0; x < 16; ++x) {
     const oracle::Rgb levels = x % 2 == 0 ? oracle::Rgb{r, g, b} : oracle::Rgb{b, r, g};

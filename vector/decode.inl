@@ -166,24 +166,27 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
     return x;
   }
 
+  // Whole turns know their colour order, smaller blocks ask for it.
   template <int n, class Samples>
   PXM_INLINE void convert(ptrdiff_t x, const Samples& samples) const {
-    if (this->packer.isBgr())
-      convertInOrder<n, true>(x, samples);
+    if (n < widest)
+      convertInOrder<n>(this->packer.isBgr(), x, samples);
+    else if (this->packer.isBgr())
+      convertInOrder<n>(true, x, samples);
     else
-      convertInOrder<n, false>(x, samples);
+      convertInOrder<n>(false, x, samples);
   }
 
-  template <int n, bool isBgr, class Samples>
-  PXM_INLINE void convertInOrder(ptrdiff_t x, const Samples& samples) const {
+  template <int n, class Samples>
+  PXM_INLINE void convertInOrder(bool isBgr, ptrdiff_t x, const Samples& samples) const {
     const auto terms = termsOf<Chain>(samples);
     const auto luma = lumaLanes<0>(samples);
     if constexpr (Scalar::rowCount == 1) {
-      storeRow<n>(pixelsAt(0, x), packed<isBgr>(0, luma, terms));
+      storeRow<n>(pixelsAt(0, x), packed(isBgr, 0, luma, terms));
     } else {
       const auto lower = lumaLanes<1>(samples);
-      const auto upperPixels = packed<isBgr>(0, luma, terms);
-      const auto lowerPixels = packed<isBgr>(1, lower, terms);
+      const auto upperPixels = packed(isBgr, 0, luma, terms);
+      const auto lowerPixels = packed(isBgr, 1, lower, terms);
       storeRows<n, cut.main>(pixelsAt(0, x), upperPixels, pixelsAt(1, x), lowerPixels);
     }
   }
@@ -193,9 +196,10 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
     const auto y = lumaOf<row>(samples).template scaled<Chain::lumaScale>();
     return ByParity{Chain::luma(y.even), Chain::luma(y.odd)};
   }
-  template <bool isBgr, class L, class Terms>
-  PXM_INLINE PackedColumns<L> packed(int row, const ByParity<L>& luma, const Terms& terms) const {
-    return packColumns<isBgr>(LaneRow<Packer, L>(this->out[row].number), luma, terms);
+  template <class L, class Terms>
+  PXM_INLINE PackedColumns<L> packed(bool isBgr, int row, const ByParity<L>& luma,
+                                     const Terms& terms) const {
+    return packColumns(isBgr, LaneRow<Packer, L>(this->out[row].number), luma, terms);
   }
 
   PXM_INLINE uint8_t* pixelsAt(int row, ptrdiff_t x) const { return this->out[row].pixels + 2 * x; }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Components in lanes to packed pixels, a register of even columns and one of odd columns at once:
 // narrowing clamps the components to bytes whose top bits are the levels, and the fields are put
-// together as bytes. The colour order is known here, so that no shift is by a count of the run.
+// together as bytes.
 #ifndef PXM_VECTOR_PACKERS_INL
 #define PXM_VECTOR_PACKERS_INL
 
@@ -148,16 +148,16 @@ struct PackedColumns {
 };
 
 // Terms are those of each column, or of pairs of columns.
-template <bool isBgr, class Packer, class L, class Terms>
-PXM_INLINE PackedColumns<L> packColumns(const LaneRow<Packer, L>& row, const ByParity<L>& luma,
-                                        const Terms& terms) {
+template <class Packer, class L, class Terms>
+PXM_INLINE PackedColumns<L> packColumns(bool isBgr, const LaneRow<Packer, L>& row,
+                                        const ByParity<L>& luma, const Terms& terms) {
   const LaneChannels<L> e = row.template bytes<even>(luma.even, at<even>(terms));
   const LaneChannels<L> o = row.template bytes<odd>(luma.odd, at<odd>(terms));
   const L red = narrowed(e.red, o.red);
   const L green = row.settledGreen(narrowed(e.green, o.green));
   const L blue = narrowed(e.blue, o.blue);
-  const PixelBytes<L> bytes = isBgr ? pixelBytes<Packer::depth>(blue, green, red)
-                                    : pixelBytes<Packer::depth>(red, green, blue);
+  const PixelBytes<L> bytes =
+      pixelBytes<Packer::depth>(isBgr ? blue : red, green, isBgr ? red : blue);
   const L evenColumns = lowBytesInTurn(bytes.low, bytes.high);
   const L oddColumns = highBytesInTurn(bytes.low, bytes.high);
   return {lowLanesInTurn(evenColumns, oddColumns), highLanesInTurn(evenColumns, oddColumns)};
