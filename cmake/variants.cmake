@@ -19,7 +19,7 @@ set(PXM_KERNEL_FLAGS
   -ffp-contract=off
   $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize>
   $<$<CXX_COMPILER_ID:GNU>:--param=sra-max-scalarization-size-Ospeed=2048>
-  $<$<CXX_COMPILER_ID:Clang>:-fno-vectorize;-fno-slp-vectorize>)
+  $<$<NOT:$<CXX_COMPILER_ID:GNU>>:-fno-vectorize;-fno-slp-vectorize>)
 
 function(pxm_add_objects name)
   add_library(${name} OBJECT ${ARGN})

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "decode/folded_dither.h"
 
-#include <initializer_list>
-
 #include "decode/dither_matrix.h"
 
 namespace pxm {

@@ -96,7 +96,7 @@ TEST(LanePacking, Of565OverAllValuesAndPlaces) {
   expectPackingOfAllValues<PackDither<565>>();
 }
 
-// Bytes 3, 10, 17 and so on.
+// Sixteen different bytes, some of them above 127.
 L sixteenBytes() {
   PortableBytes bytes;
   for (int i = 0; i < 16; ++i) bytes.b[i] = static_cast<uint8_t>(3 + 7 * i + 64 * (i & 2));

@@ -127,9 +127,12 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   static constexpr int widest = columnsAtOnce;
 
   PXM_INLINE ptrdiff_t widestBlocks(ptrdiff_t x, ptrdiff_t end) const {
-    if constexpr (isReadAhead<SourceRows>) return blocksReadAhead(x, end);
-    for (; x + widest <= end; x += widest) block<widest>(x);
-    return x;
+    if constexpr (isReadAhead<SourceRows>) {
+      return blocksReadAhead(x, end);
+    } else {
+      for (; x + widest <= end; x += widest) block<widest>(x);
+      return x;
+    }
   }
 
   template <int n>
@@ -169,7 +172,7 @@ struct Blocks : Columns<SourceRows, Form, Packer, RestForm> {
   // Whole turns know their colour order, smaller blocks ask for it.
   template <int n, class Samples>
   PXM_INLINE void convert(ptrdiff_t x, const Samples& samples) const {
-    if (n < widest)
+    if constexpr (n < widest)
       convertInOrder<n>(this->packer.isBgr(), x, samples);
     else if (this->packer.isBgr())
       convertInOrder<n>(true, x, samples);

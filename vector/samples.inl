@@ -61,6 +61,22 @@ struct SplitBytes {
   PXM_INLINE SplitBytes centred() const { return {halves ^ all<L>(0x8080)}; }
 };
 
+// Of luma and chroma in turn. The bytes of chroma are those of Cb and Cr in turn.
+template <class L>
+struct InterleavedSamples {
+  PairedBytes<L> luma, chroma;
+};
+
+// Of pixels of three bytes: a plane for each.
+template <class L>
+struct SplitPlanes {
+  SplitBytes<L> first, second, third;
+};
+
+// How samples reach lanes; each kind of lanes has its own.
+template <class L>
+struct Loads;
+
 PXM_TEXT_END
 
 #endif

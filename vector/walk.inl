@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How rows are cut into blocks and a scalar tail: the only code that knows it.
+// How rows are cut into blocks and a scalar tail.
 #ifndef PXM_VECTOR_WALK_INL
 #define PXM_VECTOR_WALK_INL
 
@@ -9,15 +9,15 @@
 
 PXM_TEXT_BEGIN
 
-// The columns that need not be scalar: main blocks up to width & bound, then at most one block of
-// each smaller size for which the width has the bit, then the scalar tail. Required: the bound is
-// not always main's own multiple, and the columns that it leaves out are scalar.
+// Main blocks up to width & bound, then at most one block of each smaller size for which the width
+// has the bit, then the scalar tail. Required: the bound is not always main's own multiple, and the
+// columns that it leaves out are as scalar code makes them.
 struct Cut {
   int main, bound;
   int smaller[3];
 };
 
-// The leading columns of a row that blocks cover.
+// The leading columns of a row that must go through blocks.
 constexpr int VectorColumns(const Cut& cut, int width) {
   int columns = width & cut.bound;
   for (const int size : cut.smaller) columns += width & size;

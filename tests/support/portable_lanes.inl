@@ -12,7 +12,6 @@
 PXM_TEXT_BEGIN
 
 struct I16xPortable {
-  static constexpr int lanes = 8;
   int16_t e[8];
 };
 

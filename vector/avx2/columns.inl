@@ -88,24 +88,24 @@ struct Loads<I16x16> {
 
 // The sixteen columns of the low halves, or of the high ones.
 template <int half>
-PXM_INLINE I16x16 sixteenColumns(const PackedColumns<I16x16>& pixels) {
+PXM_INLINE I16x16 columnsOfHalf(const PackedColumns<I16x16>& pixels) {
   return {_mm256_permute2x128_si256(pixels.first.v, pixels.second.v, half == 0 ? 0x20 : 0x31)};
 }
 
 template <int>
 PXM_INLINE void storeRow(uint8_t* out, const PackedColumns<I16x16>& pixels) {
-  storePixels(out, sixteenColumns<0>(pixels));
-  storePixels(out + 32, sixteenColumns<1>(pixels));
+  storePixels(out, columnsOfHalf<0>(pixels));
+  storePixels(out + 32, columnsOfHalf<1>(pixels));
 }
 
 template <int, int inBlocksOf>
 PXM_INLINE void storeRows(uint8_t* out, const PackedColumns<I16x16>& upper, uint8_t* below,
                           const PackedColumns<I16x16>& lower) {
   if constexpr (inBlocksOf == 16) {
-    storePixels(out, sixteenColumns<0>(upper));
-    storePixels(below, sixteenColumns<0>(lower));
-    storePixels(out + 32, sixteenColumns<1>(upper));
-    storePixels(below + 32, sixteenColumns<1>(lower));
+    storePixels(out, columnsOfHalf<0>(upper));
+    storePixels(below, columnsOfHalf<0>(lower));
+    storePixels(out + 32, columnsOfHalf<1>(upper));
+    storePixels(below + 32, columnsOfHalf<1>(lower));
   } else {
     storeRows<16, inBlocksOf>(
         out, PackedColumns<I16x8>{lowHalf(upper.first), lowHalf(upper.second)}, below,

@@ -10,7 +10,6 @@
 PXM_TEXT_BEGIN
 
 struct I16x16 {
-  static constexpr int lanes = 16;
   __m256i v;
 };
 
@@ -82,43 +81,11 @@ PXM_INLINE void storePixels(uint8_t* p, I16x16 pixels) {
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), pixels.v);
 }
 
-// Sixteen bytes as lanes.
-PXM_INLINE I16x16 widened(__m128i bytes) {
-  return {_mm256_cvtepu8_epi16(bytes)};
-}
-
-// Two values, one in each half, or in even and odd lanes.
-PXM_INLINE I16x16 halves(int low, int high) {
-  return {_mm256_set_m128i(_mm_set1_epi16(static_cast<short>(high)),
-                           _mm_set1_epi16(static_cast<short>(low)))};
-}
-PXM_INLINE I16x16 alternating(int even, int odd) {
-  return {_mm256_set1_epi32(
-      static_cast<int>(static_cast<uint32_t>(odd) << 16 | static_cast<uint32_t>(even)))};
-}
-
 PXM_INLINE I16x8 lowHalf(I16x16 a) {
   return {_mm256_castsi256_si128(a.v)};
 }
 PXM_INLINE I16x8 highHalf(I16x16 a) {
   return {_mm256_extracti128_si256(a.v, 1)};
-}
-
-// Each of eight lanes twice, side by side: byte shuffles stay within a half, widening does not.
-PXM_INLINE I16x16 doubled(I16x8 a) {
-  const __m256i pattern = _mm256_set1_epi64x(0x0504050401000100);
-  const __m256i second = _mm256_set_epi64x(0x0808080808080808, 0, 0x0808080808080808, 0);
-  return {_mm256_shuffle_epi8(_mm256_cvtepu16_epi32(a.v), _mm256_add_epi8(pattern, second))};
-}
-
-// The even or the odd lanes twice, side by side.
-PXM_INLINE I16x16 evenWordsDoubled(I16x16 a) {
-  const __m128i places = _mm_setr_epi8(0, 1, 0, 1, 4, 5, 4, 5, 8, 9, 8, 9, 12, 13, 12, 13);
-  return {_mm256_shuffle_epi8(a.v, _mm256_broadcastsi128_si256(places))};
-}
-PXM_INLINE I16x16 oddWordsDoubled(I16x16 a) {
-  const __m128i places = _mm_setr_epi8(2, 3, 2, 3, 6, 7, 6, 7, 10, 11, 10, 11, 14, 15, 14, 15);
-  return {_mm256_shuffle_epi8(a.v, _mm256_broadcastsi128_si256(places))};
 }
 
 // Within each half.

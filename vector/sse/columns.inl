@@ -17,21 +17,6 @@ struct LanesFor {
   using Type = I16x8;
 };
 
-template <class L>
-struct Loads;
-
-// Of luma and chroma in turn. The bytes of chroma are those of Cb and Cr in turn.
-template <class L>
-struct InterleavedSamples {
-  PairedBytes<L> luma, chroma;
-};
-
-// Of pixels of three bytes: a plane for each.
-template <class L>
-struct SplitPlanes {
-  SplitBytes<L> first, second, third;
-};
-
 template <>
 struct Loads<I16x8> {
   // A sample for each of n columns.

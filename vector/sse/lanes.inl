@@ -13,7 +13,6 @@
 PXM_TEXT_BEGIN
 
 struct I16x8 {
-  static constexpr int lanes = 8;
   __m128i v;
 };
 
@@ -99,22 +98,6 @@ PXM_INLINE __m128i doubled(__m128i bytes) {
   return _mm_unpacklo_epi8(bytes, bytes);
 }
 
-// Lanes 0 to 3 or 4 to 7, each twice, side by side.
-PXM_INLINE I16x8 lowLanesDoubled(I16x8 a) {
-  return {_mm_unpacklo_epi16(a.v, a.v)};
-}
-PXM_INLINE I16x8 highLanesDoubled(I16x8 a) {
-  return {_mm_unpackhi_epi16(a.v, a.v)};
-}
-
-// Words 0, 2, 4, 6 or words 1, 3, 5, 7, each twice, side by side.
-PXM_INLINE I16x8 evenWordsDoubled(I16x8 a) {
-  return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xA0), 0xA0)};
-}
-PXM_INLINE I16x8 oddWordsDoubled(I16x8 a) {
-  return {_mm_shufflehi_epi16(_mm_shufflelo_epi16(a.v, 0xF5), 0xF5)};
-}
-
 template <class L>
 L loadLanes(const void* p);
 template <>
@@ -122,35 +105,13 @@ PXM_INLINE I16x8 loadLanes<I16x8>(const void* p) {
   return {_mm_loadu_si128(static_cast<const __m128i*>(p))};
 }
 
-// Eight pixels of three bytes as three planes, samples in the high bytes.
-struct Planes8 {
-  I16x8 first, second, third;
-};
-
-// One round brings bytes i and i + 12 of 24 side by side; after three rounds the bytes of a plane
-// are neighbours. The 24 bytes lie in a and in the low half of b.
-PXM_INLINE void regroup(__m128i& a, __m128i& b) {
-  const __m128i from12 = _mm_or_si128(_mm_srli_si128(a, 12), _mm_slli_si128(b, 4));
-  b = _mm_unpackhi_epi8(a, from12);
-  a = _mm_unpacklo_epi8(a, from12);
-}
-
-PXM_INLINE Planes8 planesOfEight(const uint8_t* p) {
-  __m128i a = loadBytes<16>(p), b = loadBytes<8>(p + 16);
-  regroup(a, b);
-  regroup(a, b);
-  regroup(a, b);
-  const __m128i zero = _mm_setzero_si128();
-  return {{_mm_unpacklo_epi8(zero, a)}, {_mm_unpackhi_epi8(zero, a)}, {_mm_unpacklo_epi8(zero, b)}};
-}
-
 // The upper eight bytes as the lower.
 PXM_INLINE __m128i upperBytes(__m128i bytes) {
   return _mm_unpackhi_epi64(bytes, bytes);
 }
 
-// The same of sixteen pixels: bytes i and i + 24 of 48 come side by side in each of four rounds,
-// the first of which is done by the loads.
+// Sixteen pixels of three bytes as three planes. One round brings bytes i and i + 24 of 48 side by
+// side; after four, the first of which is done by the loads, the bytes of a plane are neighbours.
 struct Planes16 {
   __m128i first, second, third;
 
@@ -205,7 +166,8 @@ PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
   return _mm_unpackhi_epi8(a, b);
 }
 
-// The same as lanes of two bytes: those of a and then those of b, clamped; bytes in turn.
+// The same of lanes of two bytes, by the names that registers of any width share: saturatedBytes,
+// inTurn and upperInTurn, lanes in turn.
 PXM_INLINE I16x8 narrowed(I16x8 a, I16x8 b) {
   return {saturatedBytes(a, b)};
 }
