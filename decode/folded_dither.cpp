@@ -91,22 +91,13 @@ constexpr FoldedDither foldAll(Folding folding, const int32_t (&matrix)[4][4]) {
   return folded;
 }
 
-// Whether a number differs from 0 at any place, and at all of them.
 template <class Number>
-constexpr bool any(const Number (&numbers)[4][2][8]) {
+constexpr int otherThanZero(const Number (&numbers)[4][2][8]) {
+  int count = 0;
   for (const auto& row : numbers)
     for (const auto& columns : row)
-      for (const Number n : columns)
-        if (n != 0) return true;
-  return false;
-}
-template <class Number>
-constexpr bool everywhere(const Number (&numbers)[4][2][8]) {
-  for (const auto& row : numbers)
-    for (const auto& columns : row)
-      for (const Number n : columns)
-        if (n == 0) return false;
-  return true;
+      for (const Number n : columns) count += n != 0;
+  return count;
 }
 
 constexpr int32_t matrix444[4][4] = PXM_DITHER_MATRIX_444;
@@ -115,9 +106,9 @@ constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
 constexpr FoldedDither folded4 = foldAll({4, 1}, matrix444);
 constexpr FoldedDither folded5 = foldAll({5, 16}, matrix555);
 constexpr FoldedDither folded6 = foldAll({6, 16}, matrix555);
-static_assert(everywhere(folded4.factor) && everywhere(folded5.factor) &&
-              everywhere(folded6.factor));
-static_assert(!any(folded4.lower) && !any(folded5.lower));
+static_assert(otherThanZero(folded4.factor) == 64 && otherThanZero(folded5.factor) == 64 &&
+              otherThanZero(folded6.factor) == 64);
+static_assert(otherThanZero(folded4.lower) == 0 && otherThanZero(folded5.lower) == 0);
 
 }  // namespace
 
