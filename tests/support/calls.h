@@ -22,6 +22,8 @@ struct CallArguments {
   int dstStep[3];
   pxmSize size;
   float twist[3][4];
+  // Null in place of the array of planes, or of the matrix.
+  bool nullSrcPlanes = false, nullDstPlanes = false, nullTwist = false;
 };
 
 enum class Kind { Decode, Encode, Depth, Twist };

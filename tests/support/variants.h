@@ -15,6 +15,9 @@ extern const char* const variantTags[variantCount];
 using SlotTable = const void* const*;
 SlotTable slotsOf(const Conversion& conversion);
 
+// Whether this machine can run a variant.
+bool machineRuns(int variant);
+
 // The variants that this machine can run, in slot order; the others are reported once, on standard
 // error. PXM_TEST_VARIANTS in the environment, such as "l9" or "mx m7", leaves the others out.
 std::vector<int> runnableVariants();

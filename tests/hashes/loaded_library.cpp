@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "tests/hashes/loaded_library.h"
+
+#include <dlfcn.h>
+
+#include <stdexcept>
+
+#include "tests/support/argument_lists.h"
+#include "tests/support/hidden_symbol.h"
+
+namespace {
+
+template <class Function>
+pxmStatus callAs(void* function, const CallArguments& a) {
+  return argument_lists::call(reinterpret_cast<Function>(function), a);
+}
+
+// The header tells the argument list; nothing is linked by these names.
+const LoadedConversion allConversions[] = {
+#define ROW(name, kind) {#name, kind, nullptr, callAs<decltype(&legacy90pxmi##name)>},
+#define DECODE(name, ...) ROW(name, Kind::Decode)
+#define ENCODE(name, ...) ROW(name, Kind::Encode)
+#define DEPTH(name, ...) ROW(name, Kind::Depth)
+#define TWIST(name, ...) ROW(name, Kind::Twist)
+#include "frame/conversions.def"
+#undef ROW
+};
+
+// A name alone would be looked for among the installed libraries.
+std::string withFolder(const std::string& path) {
+  return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
+}  // namespace
+
+LoadedLibrary::LoadedLibrary(const std::string& path)
+    : handle_(dlopen(withFolder(path).c_str(), RTLD_NOW | RTLD_LOCAL)) {
+  if (handle_ == nullptr) throw std::runtime_error(dlerror());
+  variantIndex_ = static_cast<std::int32_t*>(hiddenSymbol(handle_, "VariantIndex"));
+  if (variantIndex_ == nullptr) throw std::runtime_error(path + " has no symbol VariantIndex");
+  version_ = reinterpret_cast<decltype(version_)>(exported("legacy90pxmccGetLibVersion"));
+  for (LoadedConversion conversion : allConversions) {
+    conversion.function = exported("legacy90pxmi" + std::string(conversion.name));
+    conversions_.push_back(conversion);
+  }
+}
+
+LoadedLibrary::~LoadedLibrary() {
+  dlclose(handle_);
+}
+
+void* LoadedLibrary::exported(const std::string& name) const {
+  void* const function = dlsym(handle_, name.c_str());
+  if (function == nullptr) throw std::runtime_error("the library does not export " + name);
+  return function;
+}
