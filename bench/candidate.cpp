@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <stdexcept>
 
 #include "frame/dispatch.h"
 #include "tests/support/variants.h"
@@ -51,18 +52,23 @@ std::size_t bytesOf(const std::vector<Plane>& planes) {
 
 }  // namespace
 
-Level levelOf(int variant) {
-  if (variant == pxm::variant_mx) return Level::None;
-  return variant >= pxm::variant_e9 ? Level::Avx2 : Level::Sse4;
+PeerClass peerClassOf(int variant) {
+  using namespace pxm;
+  static constexpr FeatureMask needed[] = {
+#define VARIANT(tag, kernels, depth_kernels, needs, ...) needs,
+#include "frame/variants.def"
+  };
+  if (needed[variant] == featureNone) return PeerClass::None;
+  return needed[variant] & featureAvx ? PeerClass::Avx2 : PeerClass::Sse4;
 }
 
-const char* nameOf(Level level) {
-  switch (level) {
-    case Level::None:
+const char* nameOf(PeerClass peerClass) {
+  switch (peerClass) {
+    case PeerClass::None:
       return "none";
-    case Level::Any:
+    case PeerClass::Any:
       return "any";
-    case Level::Sse4:
+    case PeerClass::Sse4:
       return "SSE4";
     default:
       return "AVX2";
@@ -73,10 +79,31 @@ std::vector<Candidate> ourCandidates(const Conversion& conversion, const Images&
                                      const std::vector<int>& variants) {
   std::vector<Candidate> candidates;
   for (const int variant : variants)
-    candidates.push_back({variantTags[variant], std::string(conversion.name), levelOf(variant),
+    candidates.push_back({variantTags[variant], std::string(conversion.name), peerClassOf(variant),
                           [variant] { VariantIndex = variant; },
                           [&conversion, &images] { conversion.call(images.arguments()); }});
   return candidates;
+}
+
+std::vector<Candidate> otherBuildCandidates(LoadedLibrary& other, const Conversion& conversion,
+                                            const Images& images,
+                                            const std::vector<int>& variants) {
+  const auto& all = other.conversions();
+  const LoadedConversion& same = *std::ranges::find(all, conversion.name, &LoadedConversion::name);
+  std::vector<Candidate> candidates;
+  for (const int variant : variants) {
+    const std::string tag = variantTags[variant];
+    other.select(variant);
+    if (other.tag() != tag) throw std::runtime_error("the other build has no " + tag + " there");
+    candidates.push_back({otherBuildMaker(tag), std::string(conversion.name), PeerClass::None,
+                          [&other, variant] { other.select(variant); },
+                          [&same, &images] { same.call(images.arguments()); }});
+  }
+  return candidates;
+}
+
+std::string otherBuildMaker(const std::string& tag) {
+  return "other " + tag;
 }
 
 std::vector<Candidate> copyCandidates(const Images& images) {
@@ -84,6 +111,6 @@ std::vector<Candidate> copyCandidates(const Images& images) {
                      bytesOf(images.dst())};
   constexpr std::size_t pieceBytes = 8192;
   const std::size_t count = std::max<std::size_t>(1, copy.written / pieceBytes);
-  return {{"copy", "memcpy in one piece", Level::None, {}, [copy] { copy.pieces(1); }},
-          {"copy", "memcpy in pieces", Level::None, {}, [copy, count] { copy.pieces(count); }}};
+  return {{"copy", "memcpy in one piece", PeerClass::None, {}, [copy] { copy.pieces(1); }},
+          {"copy", "memcpy in pieces", PeerClass::None, {}, [copy, count] { copy.pieces(count); }}};
 }

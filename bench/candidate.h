@@ -9,30 +9,40 @@
 
 #include "bench/images.h"
 #include "bench/work.h"
+#include "tests/hashes/loaded_library.h"
 
-// The instructions that another library may use. A library that cannot be held to a level is Any
-// and stands beside every variant but mx.
-enum class Level { None, Any, Sse4, Avx2 };
+// The instructions that another library may use. One that cannot be held to a class is Any and
+// stands beside every variant but those of scalar code.
+enum class PeerClass { None, Any, Sse4, Avx2 };
 
 struct Candidate {
-  std::string maker;  // a variant's tag, "copy", or the other library
+  std::string maker;  // a variant's tag, the same of another build, "copy", or the other library
   std::string call;
-  Level level;
+  PeerClass peerClass;
   std::function<void()> select;  // not timed; may be empty
   std::function<void()> run;
 };
 
-// The level that a variant is compared at: None for mx, Sse4 for m7 to y8, Avx2 for e9 and l9.
-Level levelOf(int variant);
-const char* nameOf(Level level);
+// What a variant is compared with, by what its row of the table needs: None for scalar code, Avx2
+// where it needs AVX, and Sse4 where it needs less.
+PeerClass peerClassOf(int variant);
+const char* nameOf(PeerClass peerClass);
 
-// Whether a call at `peer` may stand beside a variant of `level`.
-inline bool isComparable(Level level, Level peer) {
-  return level != Level::None && (peer == level || peer == Level::Any);
+// Whether a call of class `peer` may stand beside a variant of class `ours`.
+inline bool isComparable(PeerClass ours, PeerClass peer) {
+  return ours != PeerClass::None && (peer == ours || peer == PeerClass::Any);
 }
 
 std::vector<Candidate> ourCandidates(const Conversion& conversion, const Images& images,
                                      const std::vector<int>& variants);
+
+// The same of another build of the library, which stays loaded. Throws std::runtime_error where a
+// variant is another one there.
+std::vector<Candidate> otherBuildCandidates(LoadedLibrary& other, const Conversion& conversion,
+                                            const Images& images, const std::vector<int>& variants);
+
+// Who makes what in another build.
+std::string otherBuildMaker(const std::string& tag);
 
 // Two ways to read as many bytes as the sources have and write as many as the destinations have: in
 // one piece, and piece by piece. The faster one is the copy.

@@ -33,7 +33,7 @@ std::string load() {
   if (getloadavg(&average, 1) != 1) return "unknown";
   char digits[32];
   std::snprintf(digits, sizeof digits, "%.2f", average);
-  return digits + std::string(" processes in the minute ahead of the run") +
+  return digits + std::string(" processes in the minute before the run") +
          (average > 0.5 ? "; ratios hold for an idle machine only" : "");
 }
 
@@ -45,7 +45,7 @@ std::string compiler() {
 #endif
 }
 
-// A line for each group of units; what a group has in common with plain code is told once.
+// A line for each level of kernels; what it has in common with the first one stands there only.
 std::vector<std::string> flags() {
   std::vector<std::string> lines(1);
   for (const char c : std::string(PXM_BUILD_FLAGS))
@@ -55,21 +55,32 @@ std::vector<std::string> flags() {
       lines.back() += c;
   lines.pop_back();
 
-  const std::string plain = "variant_mx: ";
-  std::string common;
+  std::string first, common;
   for (std::string& line : lines) {
-    if (line.starts_with(plain)) common = line.substr(plain.size());
-    const std::size_t at = line.starts_with(plain) ? std::string::npos : line.find(common);
-    if (!common.empty() && at != std::string::npos)
-      line.replace(at, common.size(), "as variant_mx, and");
+    const std::size_t colon = line.find(": ");
+    if (first.empty() && line.find("kernels_") == 0) {
+      first = line.substr(0, colon);
+      common = line.substr(colon + 2);
+    } else if (!first.empty() && line.find(common) == colon + 2) {
+      line.replace(colon + 2, common.size(), "as " + first + ", and");
+    }
     line.insert(0, "flags      ");
   }
   return lines;
 }
 
+// The levels of kernels that the variants use.
+std::vector<std::string> levels() {
+  return {
+#define VARIANT(tag, kernels, depth_kernels, ...) \
+  "variant    " #tag ": kernels_" #kernels ", depth_kernels_" #depth_kernels,
+#include "frame/variants.def"
+  };
+}
+
 }  // namespace
 
-std::vector<std::string> describeEnvironment() {
+std::vector<std::string> describeEnvironment(bool withPeers) {
   const pxmVersionRecord& record = *legacy90pxmccGetLibVersion();
   std::vector<std::string> lines = {
       "processor  " + processor() + ", " + std::to_string(std::thread::hardware_concurrency()) +
@@ -79,12 +90,12 @@ std::vector<std::string> describeEnvironment() {
       "library    pxmcc90lgc " + std::to_string(record.versionMajor) + "." +
           std::to_string(record.versionMinor) + "." + std::to_string(record.versionPatch) +
           ", runs as " + record.variantTag + " here",
-      "peer       " + describeLibyuv(),
-      "peer       " + describeSwscale(),
-      "peer       " + describeSdl(),
-      "peer       " + describePixman(),
   };
-  const std::vector<std::string> build = flags();
-  lines.insert(lines.begin() + 3, build.begin(), build.end());
+  for (const std::vector<std::string>& more : {levels(), flags()})
+    lines.insert(lines.end(), more.begin(), more.end());
+  if (withPeers)
+    for (const std::string& peer :
+         {describeLibyuv(), describeSwscale(), describeSdl(), describePixman()})
+      lines.push_back("peer       " + peer);
   return lines;
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-// Processor, compiler and its flags, this library and the others: one line each.
-std::vector<std::string> describeEnvironment();
+// Processor, compiler and its flags, this library and, if asked for, the others: one line each.
+std::vector<std::string> describeEnvironment(bool withPeers);
 
 #endif

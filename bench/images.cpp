@@ -68,7 +68,7 @@ std::size_t roomFor(const Plane& plane) {
 std::vector<Plane> planesOf(const std::vector<PlaneShape>& shapes, int width) {
   std::vector<Plane> planes;
   for (const PlaneShape& shape : shapes) {
-    // What a library may write behind an odd width is 16 bytes at most.
+    // What a library may write beyond an odd width is 16 bytes at most.
     const int pitch = width % 2 ? (shape.rowBytes + 16 + 63) / 64 * 64 : shape.rowBytes;
     planes.push_back({nullptr, pitch, shape.rowBytes, shape.rows});
   }

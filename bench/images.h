@@ -20,7 +20,7 @@ class Picture {
   struct Colour {
     int red, green, blue;
   };
-  // Coordinates behind the last column or row mean that column or row.
+  // Coordinates beyond the last column or row mean that column or row.
   Colour smooth(int x, int y) const;
   Colour noisy(int x, int y) const;
 

@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 
 #include "bench/environment.h"
 #include "bench/likeness.h"
@@ -52,7 +53,7 @@ std::vector<Candidate> likePeers(const Conversion& conversion, const Images& ima
       psnr.push_back(likeness.psnr);
       like.push_back(std::move(peer));
     } else {
-      run.leftOut.push_back({peer.maker, peer.call + " at " + nameOf(peer.level),
+      run.leftOut.push_back({peer.maker, peer.call + " at " + nameOf(peer.peerClass),
                              std::string(conversion.name), size.name(), likeness.psnr,
                              likeness.worstColumn, likeness.gain});
     }
@@ -60,19 +61,24 @@ std::vector<Candidate> likePeers(const Conversion& conversion, const Images& ima
   return like;
 }
 
-Result measure(const Conversion& conversion, const Size& size, const Effort& effort, Run& run) {
+void append(std::vector<Candidate>& candidates, std::vector<Candidate> more) {
+  candidates.insert(candidates.end(), more.begin(), more.end());
+}
+
+Result measure(const Conversion& conversion, const Size& size, const Options& options,
+               LoadedLibrary* other, Run& run) {
   const Images images(conversion, Picture(size.width, size.height));
   std::vector<Candidate> candidates = ourCandidates(conversion, images, run.variants);
-  for (Candidate& copy : copyCandidates(images)) candidates.push_back(std::move(copy));
+  if (other) append(candidates, otherBuildCandidates(*other, conversion, images, run.variants));
+  append(candidates, copyCandidates(images));
   std::vector<double> psnr(candidates.size());
-  for (Candidate& peer : likePeers(conversion, images, size, psnr, run))
-    candidates.push_back(std::move(peer));
+  if (options.peers) append(candidates, likePeers(conversion, images, size, psnr, run));
 
-  const Timing timing = timeByTurns(candidates, effort);
+  const Timing timing = timeByTurns(candidates, options.quick ? quick : thorough);
   Result result = {&conversion, size, timing.nanosecondsPerCycle, timing.rounds, {}};
   for (std::size_t i = 0; i < candidates.size(); ++i)
-    result.entries.push_back(
-        {candidates[i].maker, candidates[i].call, candidates[i].level, psnr[i], timing.figures[i]});
+    result.entries.push_back({candidates[i].maker, candidates[i].call, candidates[i].peerClass,
+                              psnr[i], timing.figures[i]});
   return result;
 }
 
@@ -84,12 +90,15 @@ void write(const std::filesystem::path& path, const std::string& content) {
 }
 
 void benchmark(const Options& options, const std::filesystem::path& directory) {
-  Run run = {describeEnvironment(), options.variants, options.sizes, {}, {}};
+  std::unique_ptr<LoadedLibrary> other;
+  if (!options.against.empty()) other = std::make_unique<LoadedLibrary>(options.against);
+  Run run = {
+      describeEnvironment(options.peers), options.against, options.variants, options.sizes, {}, {}};
   const std::size_t all = options.sizes.size() * options.conversions.size();
   for (const Size& size : options.sizes)
     for (const Conversion* conversion : options.conversions) {
       showProgress(run.results.size() + 1, all, size, *conversion);
-      run.results.push_back(measure(*conversion, size, options.quick ? quick : thorough, run));
+      run.results.push_back(measure(*conversion, size, options, other.get(), run));
     }
   if (isatty(STDERR_FILENO)) std::fprintf(stderr, "\n");
 
@@ -103,7 +112,7 @@ void benchmark(const Options& options, const std::filesystem::path& directory) {
 
 void benchmarkThreads(const Options& options, const std::filesystem::path& directory) {
   std::string table;
-  for (const std::string& line : describeEnvironment()) table += line + "\n";
+  for (const std::string& line : describeEnvironment(false)) table += line + "\n";
   const ThreadReport report = timeThreads(options);
   table += "\n" + report.table;
   std::fputs(table.c_str(), stdout);
@@ -117,7 +126,7 @@ int main(int argc, char** argv) {
   try {
     const Options options = parseOptions(argc, argv);
     if (options.help) {
-      std::fputs(usage, stdout);
+      std::fputs(usage().c_str(), stdout);
       return 0;
     }
     const std::filesystem::path directory = options.output;
@@ -129,7 +138,7 @@ int main(int argc, char** argv) {
     std::printf("\nResults are in %s\n", std::filesystem::absolute(directory).c_str());
     return 0;
   } catch (const BadOption& bad) {
-    std::fprintf(stderr, "bench: %s; --help tells the options\n", bad.what());
+    std::fprintf(stderr, "bench: %s; --help lists the options\n", bad.what());
     return 2;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "bench: %s\n", failure.what());

@@ -6,20 +6,18 @@
 
 #include "tests/support/variants.h"
 
-const char* const usage =
-    "Usage: scripts/bench [--wide-lanes] [OPTION...]\n"
-    "Times every conversion in every variant that this machine runs, beside the fastest call of\n"
-    "other libraries for the same work and a copy of the same bytes.\n"
-    "  --wide-lanes        first of all: build with 256-bit registers wherever l9 can use them\n"
-    "  --variants TAG,..   only these variants: mx m7 u8 n8 y8 e9 l9\n"
+namespace {
+
+constexpr const char* usageOfOptions =
     "  --only REGEX        only conversions whose name has a match\n"
     "  --size WxH,..       only these sizes; at least 4x2\n"
     "  --quick             fewer rounds, and only an in-cache strip and a thumbnail\n"
+    "  --no-peers          without other libraries\n"
+    "  --against LIBRARY   beside another build of the library, not stripped: how many times as\n"
+    "                      fast as that one this build is\n"
     "  --threads           instead: one frame in bands of rows over 1 to N threads\n"
     "  --output DIR        where the results go\n"
     "  --help              this text\n";
-
-namespace {
 
 const std::vector<Size> strips = {{640, 16}, {96, 64}};
 const std::vector<Size> allSizes = {{640, 16}, {96, 64},     {641, 17},
@@ -87,6 +85,17 @@ std::vector<const Conversion*> conversionsLike(const std::string& expression) {
 
 }  // namespace
 
+std::string usage() {
+  std::string tags;
+  for (const char* const tag : variantTags) tags += std::string(" ") + tag;
+  return "Usage: scripts/bench [OPTION...]\n"
+         "Times every conversion in every variant that this machine runs, beside the fastest call "
+         "of\n"
+         "other libraries for the same work and a copy of the same bytes.\n"
+         "  --variants TAG,..   only these variants:" +
+         tags + "\n" + usageOfOptions;
+}
+
 Options parseOptions(int count, const char* const* words) {
   Options options;
   std::string only;
@@ -104,6 +113,10 @@ Options parseOptions(int count, const char* const* words) {
       options.sizes = parseSizes(value());
     else if (word == "--output")
       options.output = value();
+    else if (word == "--against")
+      options.against = value();
+    else if (word == "--no-peers")
+      options.peers = false;
     else if (word == "--quick")
       options.quick = true;
     else if (word == "--threads")
@@ -113,6 +126,8 @@ Options parseOptions(int count, const char* const* words) {
     else
       throw BadOption("there is no option '" + word + "'");
   }
+  if (options.threads && !options.against.empty())
+    throw BadOption("--threads and --against do not go together");
   if (options.variants.empty()) options.variants = runnableVariants();
   if (only.empty() && options.threads) only = splitConversions;
   options.conversions = conversionsLike(only);

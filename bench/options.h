@@ -13,7 +13,8 @@ struct Options {
   std::vector<const Conversion*> conversions;
   std::vector<Size> sizes;
   std::string output;
-  bool quick = false, threads = false, help = false;
+  std::string against;  // another build of the library; empty for none
+  bool peers = true, quick = false, threads = false, help = false;
 };
 
 struct BadOption : std::runtime_error {
@@ -23,6 +24,6 @@ struct BadOption : std::runtime_error {
 // Throws BadOption with a message of one line.
 Options parseOptions(int count, const char* const* words);
 
-extern const char* const usage;
+std::string usage();
 
 #endif

@@ -15,7 +15,7 @@ void addSwscale(const Work& work, const Images& images, std::vector<Candidate>& 
 void addSdl(const Work& work, const Images& images, std::vector<Candidate>& candidates);
 void addPixman(const Work& work, const Images& images, std::vector<Candidate>& candidates);
 
-// Name, version, and how it is held to a level.
+// Name, version, and how it is held to a class.
 std::string describeLibyuv();
 std::string describeSwscale();
 std::string describeSdl();

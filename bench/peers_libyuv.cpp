@@ -231,7 +231,7 @@ class Calls {
     return std::max(1, stripBytes / (4 * frames_->width) / step) * step;
   }
 
-  // At both levels.
+  // Of both classes.
   void add(const std::string& call, std::function<void()> run) {
     static const int all = libyuv::MaskCpuFlags(-1);
     static const int sse4 = libyuv::kCpuInitialized | libyuv::kCpuHasX86 | libyuv::kCpuHasSSE2 |
@@ -239,9 +239,9 @@ class Calls {
     static const int avx2 = sse4 | libyuv::kCpuHasAVX | libyuv::kCpuHasAVX2 | libyuv::kCpuHasERMS |
                             libyuv::kCpuHasFMA3 | libyuv::kCpuHasF16C;
     candidates_.push_back(
-        {"libyuv", call, Level::Sse4, [] { libyuv::SetCpuFlags(all & sse4); }, run});
+        {"libyuv", call, PeerClass::Sse4, [] { libyuv::SetCpuFlags(all & sse4); }, run});
     candidates_.push_back(
-        {"libyuv", call, Level::Avx2, [] { libyuv::SetCpuFlags(all & avx2); }, run});
+        {"libyuv", call, PeerClass::Avx2, [] { libyuv::SetCpuFlags(all & avx2); }, run});
   }
 
   // One call for the whole image.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// pixman: 16-bit to 24-bit pixels and back. It cannot be held to a level within a process, and uses
+// pixman: 16-bit to 24-bit pixels and back. It cannot be held to a class within a process, and uses
 // no more than SSSE3.
 #include <pixman.h>
 
@@ -28,14 +28,14 @@ void addPixman(const Work& work, const Images& images, std::vector<Candidate>& c
   const auto bytes = work.redLow ? PIXMAN_b8g8r8 : PIXMAN_r8g8b8;
   const Image src = imageOf(images.src()[0], work.toBytes ? words : bytes, width, height);
   const Image dst = imageOf(images.dst()[0], work.toBytes ? bytes : words, width, height);
-  // It refuses pitches that are no multiple of four bytes.
+  // It rejects pitches that are no multiple of four bytes.
   if (!src || !dst) return;
-  candidates.push_back({"pixman", "pixman_image_composite32(SRC)", Level::Any, {}, [=] {
+  candidates.push_back({"pixman", "pixman_image_composite32(SRC)", PeerClass::Any, {}, [=] {
                           pixman_image_composite32(PIXMAN_OP_SRC, src.get(), nullptr, dst.get(), 0,
                                                    0, 0, 0, 0, 0, width, height);
                         }});
 }
 
 std::string describePixman() {
-  return std::string("pixman ") + pixman_version_string() + ", not held to a level";
+  return std::string("pixman ") + pixman_version_string() + ", not held to a class";
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// SDL. It cannot be held to a level, and needs no more than SSE2 for this.
+// SDL. It cannot be held to a class, and needs no more than SSE2 for this.
 #include <SDL.h>
 
 #include <cstring>
@@ -17,7 +17,7 @@ Uint32 pixelFormat(const Work& work) {
   return work.redLow ? SDL_PIXELFORMAT_BGR565 : SDL_PIXELFORMAT_RGB565;
 }
 
-// It wants the three planes behind one another.
+// It wants the three planes one after another.
 std::vector<std::uint8_t> joined(const Images& images) {
   const int pitch = images.width(), chroma = (pitch + 1) / 2;
   std::vector<std::uint8_t> all;
@@ -33,7 +33,7 @@ void add(const char* call, const Images& images, Uint32 from, Uint32 to,
          std::vector<Candidate>& candidates) {
   const Plane src = images.src()[0], dst = images.dst()[0];
   candidates.push_back(
-      {"SDL", call, Level::Any, {}, [=, width = images.width(), height = images.height()] {
+      {"SDL", call, PeerClass::Any, {}, [=, width = images.width(), height = images.height()] {
          SDL_ConvertPixels(width, height, from, src.data, src.pitch, to, dst.data, dst.pitch);
        }});
 }
@@ -60,7 +60,7 @@ void addSdl(const Work& work, const Images& images, std::vector<Candidate>& cand
     const Plane dst = images.dst()[0];
     const int width = images.width(), height = images.height();
     candidates.push_back(
-        {"SDL", "SDL_ConvertPixels(IYUV)", Level::Any, {}, [=, to = pixelFormat(work)] {
+        {"SDL", "SDL_ConvertPixels(IYUV)", PeerClass::Any, {}, [=, to = pixelFormat(work)] {
            SDL_ConvertPixels(width, height, SDL_PIXELFORMAT_IYUV, planes->data(), width, to,
                              dst.data, dst.pitch);
          }});
@@ -73,5 +73,5 @@ std::string describeSdl() {
   SDL_version version;
   SDL_GetVersion(&version);
   return "SDL " + std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
-         std::to_string(version.patch) + ", not held to a level";
+         std::to_string(version.patch) + ", not held to a class";
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// libswscale. A context chooses its code when it is made, so one is made for each level. Converters
-// between packed pixels are chosen once for the process, by the first context, at the higher level.
+// libswscale. A context chooses its code when it is made, so one is made for each class. Converters
+// between packed pixels are chosen once for the process, by the first context, of the higher class.
 // Its 16-bit pixels are always dithered.
 extern "C" {
 #include <libavutil/cpu.h>
@@ -59,12 +59,12 @@ Side sideOf(const std::vector<Plane>& planes, bool crFirst) {
   return side;
 }
 
-int flagsOf(Level level) {
+int flagsOf(PeerClass peerClass) {
   static const int all = av_get_cpu_flags();
   int flags = AV_CPU_FLAG_MMX | AV_CPU_FLAG_MMXEXT | AV_CPU_FLAG_SSE | AV_CPU_FLAG_SSE2 |
               AV_CPU_FLAG_SSE3 | AV_CPU_FLAG_SSSE3 | AV_CPU_FLAG_SSE4 | AV_CPU_FLAG_SSE42 |
               AV_CPU_FLAG_CMOV;
-  if (level == Level::Avx2)
+  if (peerClass == PeerClass::Avx2)
     flags |=
         AV_CPU_FLAG_AVX | AV_CPU_FLAG_AVX2 | AV_CPU_FLAG_FMA3 | AV_CPU_FLAG_BMI1 | AV_CPU_FLAG_BMI2;
   return all & flags;
@@ -72,11 +72,11 @@ int flagsOf(Level level) {
 
 using Context = std::shared_ptr<SwsContext>;
 
-Context contextFor(const Work& work, const Images& images, Level level, int scaler) {
+Context contextFor(const Work& work, const Images& images, PeerClass peerClass, int scaler) {
   const bool toPixels = work.kind == Kind::Decode || (work.kind == Kind::Depth && !work.toBytes);
   AVPixelFormat from = otherFormat(work), to = pixelFormat(work);
   if (!toPixels) std::swap(from, to);
-  av_force_cpu_flags(flagsOf(level));
+  av_force_cpu_flags(flagsOf(peerClass));
   const Context context(sws_getContext(images.width(), images.height(), from, images.width(),
                                        images.height(), to, scaler, nullptr, nullptr, nullptr),
                         sws_freeContext);
@@ -95,11 +95,11 @@ void addSwscale(const Work& work, const Images& images, std::vector<Candidate>& 
   const Side from = sideOf(images.src(), false), to = sideOf(images.dst(), work.crFirst);
   const std::pair<int, const char*> scalers[] = {{SWS_POINT, "sws_scale(POINT)"},
                                                  {SWS_FAST_BILINEAR, "sws_scale(FAST_BILINEAR)"}};
-  for (const Level level : {Level::Avx2, Level::Sse4})
+  for (const PeerClass peerClass : {PeerClass::Avx2, PeerClass::Sse4})
     for (const auto& [scaler, call] : scalers)
-      if (const Context context = contextFor(work, images, level, scaler))
-        candidates.push_back({"swscale", call, level,
-                              [level] { av_force_cpu_flags(flagsOf(level)); },
+      if (const Context context = contextFor(work, images, peerClass, scaler))
+        candidates.push_back({"swscale", call, peerClass,
+                              [peerClass] { av_force_cpu_flags(flagsOf(peerClass)); },
                               [context, from, to, height = images.height()] {
                                 sws_scale(context.get(), from.data.data(), from.pitch.data(), 0,
                                           height, to.data.data(), to.pitch.data());

@@ -25,7 +25,7 @@ std::string list(const Items& items, Write write) {
 std::string entryOf(const Result& result, const Entry& entry) {
   const Figure& f = entry.figure;
   std::string line = "{\"maker\":" + quoted(entry.maker) + ",\"call\":" + quoted(entry.call) +
-                     ",\"level\":" + quoted(nameOf(entry.level)) +
+                     ",\"peer_class\":" + quoted(nameOf(entry.peerClass)) +
                      text(
                          ",\"best_ns\":%.1f,\"median_ns\":%.1f,\"quartiles_ns\":[%.1f,%.1f],"
                          "\"cycles_per_pixel\":%.4f,\"share_of_copy\":%.4f",
@@ -36,6 +36,9 @@ std::string entryOf(const Result& result, const Entry& entry) {
             text(",\"ratio\":%.4f,\"equal\":%s", ratio(entry, *peer),
                  areEqual(f, peer->figure) ? "true" : "false");
   if (entry.psnr > 0) line += text(",\"psnr\":%.1f", entry.psnr);
+  if (const Entry* other = result.otherBuildOf(entry))
+    line += text(",\"other_build_median_ns\":%.1f,\"other_build_ratio\":%.4f", other->figure.median,
+                 ratio(entry, *other));
   return line + "}";
 }
 
@@ -67,6 +70,20 @@ std::string summaryOf(const Summary& summary) {
          ",\"slower\":" + list(summary.slower(), comparisonOf) + "}";
 }
 
+std::string ratioOf(const BuildComparison& c) {
+  return "{\"conversion\":" + quoted(c.result->conversion->name) +
+         text(",\"ratio\":%.4f}", c.ratio);
+}
+
+std::string buildSummaryOf(const BuildSummary& summary) {
+  return "{\"size\":" + quoted(summary.size.name()) +
+         ",\"variant\":" + quoted(variantTags[summary.variant]) +
+         text(",\"geometric_mean\":%.4f,\"conversions\":%zu,\"worst\":", summary.geometricMean,
+              summary.comparisons.size()) +
+         ratioOf(summary.comparisons.front()) + ",\"slower\":" + list(summary.slower(), ratioOf) +
+         "}";
+}
+
 std::string leftOutOf(const LeftOut& l) {
   return "{\"maker\":" + quoted(l.maker) + ",\"call\":" + quoted(l.call) +
          ",\"conversion\":" + quoted(l.conversion) + ",\"size\":" + quoted(l.size) +
@@ -80,5 +97,7 @@ std::string jsonOf(const Run& run) {
   return "{\"environment\":" + list(run.environment, quoted) +
          ",\n\"results\":" + list(run.results, resultOf) +
          ",\n\"left_out\":" + list(run.leftOut, leftOutOf) +
-         ",\n\"summary\":" + list(summarize(run), summaryOf) + "}\n";
+         ",\n\"summary\":" + list(summarize(run), summaryOf) +
+         ",\n\"against\":" + quoted(run.against) +
+         ",\n\"against_summary\":" + list(summarizeBuilds(run), buildSummaryOf) + "}\n";
 }

@@ -12,28 +12,35 @@ constexpr int left = 290, barsWidth = 560, right = 250, top = 64, barHeight = 11
 
 struct Bar {
   std::string label;
-  const char* colour;
+  std::string colour;
   double cycles;
 };
 
-constexpr const char* variantColours[variantCount] = {"#c6d3e8", "#a9c0e0", "#8cadd8", "#6f9ad0",
-                                                      "#5287c8", "#2f6db5", "#124f94"};
+// From light to dark in slot order.
+std::string colourOf(int variant) {
+  const auto between = [share = static_cast<double>(variant) / (variantCount - 1)](int a, int b) {
+    return static_cast<int>(a + share * (b - a) + 0.5);
+  };
+  return text("#%02x%02x%02x", between(0xC6, 0x12), between(0xD3, 0x4F), between(0xE8, 0x94));
+}
 
 std::vector<Bar> barsOf(const Result& result, const Run& run) {
   std::vector<Bar> bars;
   for (const int variant : run.variants)
-    bars.push_back({variantTags[variant], variantColours[variant],
-                    result.cyclesPerPixel(*result.variant(variant))});
-  for (const Level level : {Level::Sse4, Level::Avx2})
-    if (const Entry* peer = result.peer(level))
+    bars.push_back(
+        {variantTags[variant], colourOf(variant), result.cyclesPerPixel(*result.variant(variant))});
+  for (const PeerClass peerClass : {PeerClass::Sse4, PeerClass::Avx2})
+    if (const Entry* peer = result.peer(peerClass))
       bars.push_back(
-          {peer->maker + (peer->level == Level::Any ? "" : text(" at %s", nameOf(level))),
-           level == Level::Sse4 ? "#f0b27a" : "#d9822b", result.cyclesPerPixel(*peer)});
+          {peer->maker +
+               (peer->peerClass == PeerClass::Any ? "" : text(" at %s", nameOf(peerClass))),
+           peerClass == PeerClass::Sse4 ? "#f0b27a" : "#d9822b", result.cyclesPerPixel(*peer)});
   bars.push_back({"copy", "#9a9a9a", result.cyclesPerPixel(result.copy())});
   return bars;
 }
 
-// The axis ends where the slowest bar does, but for mx, which is cut off and says how long it is.
+// The axis ends where the slowest bar does, but for that of scalar code, which is cut off and says
+// how long it is.
 double axisEnd(const std::vector<std::vector<Bar>>& groups) {
   double end = 0, everything = 0;
   for (const auto& bars : groups)
@@ -80,7 +87,7 @@ std::string plot(const std::vector<const Result*>& results, const Run& run,
       svg += text(
           "<rect x=\"%d\" y=\"%d\" width=\"%.1f\" height=\"%d\" fill=\"%s\"/>"
           "<text x=\"%.1f\" y=\"%d\">%s%.2f %s</text>\n",
-          left, y, x(bar.cycles) - left, barHeight - 1, bar.colour, x(bar.cycles) + 4,
+          left, y, x(bar.cycles) - left, barHeight - 1, bar.colour.c_str(), x(bar.cycles) + 4,
           y + barHeight - 2, bar.cycles > end ? "... " : "", bar.cycles, bar.label.c_str());
       y += barHeight;
     }

@@ -23,8 +23,8 @@ constexpr const char* legend =
     "cycles per pixel; x how many times as fast as the fastest comparable peer, with = where the\n"
     "two medians are no further apart than their spreads together; and the share of the copy's\n"
     "speed. The spread is half the distance of the quartiles. Beneath stands the fastest call of\n"
-    "each peer, with cycles per pixel and spread. mx has no peer, nor has the colour twist. Rows\n"
-    "are tight; those of odd widths are padded to 64 bytes.\n";
+    "each peer, with cycles per pixel and spread. Scalar code has no peer, nor has the colour\n"
+    "twist. Rows are tight; those of odd widths are padded to 64 bytes.\n";
 
 int spreadOf(const Entry& entry) {
   return static_cast<int>(100 * entry.figure.spread() / entry.figure.median + 0.5);
@@ -40,10 +40,10 @@ std::string cell(const Result& result, const Entry& entry) {
   return line + text("%3.0f%%", 100 * result.copy().figure.median / entry.figure.median);
 }
 
-std::string peersOf(const Result& result, Level level) {
+std::string peersOf(const Result& result, PeerClass peerClass) {
   std::string line;
   for (const char* name : peerNames)
-    if (const Entry* peer = result.peer(level, name))
+    if (const Entry* peer = result.peer(peerClass, name))
       line += text("%s %s %s %.2f +-%d%%", line.empty() ? "" : ";", name, peer->call.c_str(),
                    result.cyclesPerPixel(*peer), spreadOf(*peer));
   return line;
@@ -54,11 +54,11 @@ std::string rowsOf(const Result& result, const Run& run) {
                           result.cyclesPerPixel(result.copy()));
   for (const int variant : run.variants) rows += cell(result, *result.variant(variant));
   rows += "\n";
-  for (const Level level : {Level::Sse4, Level::Avx2}) {
+  for (const PeerClass peerClass : {PeerClass::Sse4, PeerClass::Avx2}) {
     const bool asked = std::any_of(run.variants.begin(), run.variants.end(),
-                                   [level](int v) { return levelOf(v) == level; });
-    const std::string peers = asked ? peersOf(result, level) : "";
-    if (!peers.empty()) rows += text("    %s:", nameOf(level)) + peers + "\n";
+                                   [peerClass](int v) { return peerClassOf(v) == peerClass; });
+    const std::string peers = asked ? peersOf(result, peerClass) : "";
+    if (!peers.empty()) rows += text("    %s:", nameOf(peerClass)) + peers + "\n";
   }
   return rows;
 }
@@ -94,10 +94,12 @@ std::string describe(const Comparison& c) {
 }
 
 std::string summaryOf(const Run& run) {
+  const std::vector<Summary> summaries = summarize(run);
+  if (summaries.empty()) return "";
   std::string lines =
       "\nSummary: how many times as fast as the fastest comparable peer, as a geometric mean, and\n"
       "the least by kind\n";
-  for (const Summary& summary : summarize(run)) {
+  for (const Summary& summary : summaries) {
     const std::vector<Comparison> slower = summary.slower();
     lines += text("\n%s %s: mean %.2f over %zu conversions; equal %d, slower %zu\n",
                   summary.size.name().c_str(), variantTags[summary.variant], summary.geometricMean,
@@ -105,6 +107,47 @@ std::string summaryOf(const Run& run) {
     for (const auto& [kind, least] : summary.leastByKind)
       lines += text("  least, %-16s ", (kind + ":").c_str()) + describe(least) + "\n";
     for (const Comparison& c : slower) lines += "  slower: " + describe(c) + "\n";
+  }
+  return lines;
+}
+
+std::string buildsOfSize(const Run& run, const Size& size) {
+  std::string lines = text("\n%-36s", size.name().c_str());
+  for (const int variant : run.variants)
+    lines += text(" %6s %6s       ", "other", variantTags[variant]);
+  lines.erase(lines.find_last_not_of(' ') + 1);
+  lines += "\n";
+  for (const Result& result : run.results) {
+    if (result.size.name() != size.name()) continue;
+    lines += text("%-36s", std::string(result.conversion->name).c_str());
+    for (const int variant : run.variants) {
+      const Entry &ours = *result.variant(variant), &other = *result.otherBuildOf(ours);
+      lines += text(" %6.2f %6.2f x%5.3f", result.cyclesPerPixel(other),
+                    result.cyclesPerPixel(ours), ratio(ours, other));
+    }
+    lines += "\n";
+  }
+  return lines;
+}
+
+std::string describe(const BuildComparison& c) {
+  return text("%.3f %s\n", c.ratio, std::string(c.result->conversion->name).c_str());
+}
+
+std::string buildsOf(const Run& run) {
+  const std::vector<BuildSummary> summaries = summarizeBuilds(run);
+  if (summaries.empty()) return "";
+  std::string lines = "\nThe other build is " + run.against +
+                      "\nIts cycles per pixel, ours, and x how many times as fast ours is\n";
+  for (const Size& size : run.sizes) lines += buildsOfSize(run, size);
+  lines += "\nSummary: how many times as fast as the other build\n";
+  for (const BuildSummary& summary : summaries) {
+    const std::vector<BuildComparison> slower = summary.slower();
+    lines += text("\n%s %s: mean %.3f over %zu conversions; slower by more than 2 %%: %zu\n",
+                  summary.size.name().c_str(), variantTags[summary.variant], summary.geometricMean,
+                  summary.comparisons.size(), slower.size());
+    lines += "  worst:  " + describe(summary.comparisons.front());
+    for (const BuildComparison& c : slower) lines += "  slower: " + describe(c);
   }
   return lines;
 }
@@ -126,5 +169,5 @@ std::string tableOf(const Run& run) {
   for (const std::string& line : run.environment) all += line + "\n";
   all += "\n" + std::string(legend);
   for (const Size& size : run.sizes) all += tableOfSize(run, size);
-  return all + leftOutOf(run) + summaryOf(run);
+  return all + leftOutOf(run) + summaryOf(run) + buildsOf(run);
 }

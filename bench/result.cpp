@@ -20,8 +20,12 @@ bool isPeer(const Entry& entry) {
 }  // namespace
 
 const Entry* Result::variant(int variant) const {
+  return madeBy(variantTags[variant]);
+}
+
+const Entry* Result::madeBy(const std::string& maker) const {
   for (const Entry& entry : entries)
-    if (entry.maker == variantTags[variant]) return &entry;
+    if (entry.maker == maker) return &entry;
   return nullptr;
 }
 
@@ -32,17 +36,21 @@ const Entry& Result::copy() const {
   return *fastest;
 }
 
-const Entry* Result::peer(Level level, const std::string& maker) const {
+const Entry* Result::peer(PeerClass peerClass, const std::string& maker) const {
   const Entry* fastest = nullptr;
   for (const Entry& entry : entries)
     if (isPeer(entry) && (maker.empty() || entry.maker == maker) &&
-        isComparable(level, entry.level) && isFaster(entry, fastest))
+        isComparable(peerClass, entry.peerClass) && isFaster(entry, fastest))
       fastest = &entry;
   return fastest;
 }
 
 const Entry* Result::peerOf(const Entry& entry) const {
-  return isPeer(entry) || entry.maker == "copy" ? nullptr : peer(entry.level);
+  return isPeer(entry) || entry.maker == "copy" ? nullptr : peer(entry.peerClass);
+}
+
+const Entry* Result::otherBuildOf(const Entry& entry) const {
+  return madeBy(otherBuildMaker(entry.maker));
 }
 
 double ratio(const Entry& ours, const Entry& peer) {

@@ -18,13 +18,14 @@ struct Size {
 
 struct Entry {
   std::string maker, call;
-  Level level;
+  PeerClass peerClass;
   double psnr;  // of other libraries, against our result
   Figure figure;
 };
 
 // One conversion at one size.
-struct Result {
+class Result {
+ public:
   const Conversion* conversion;
   Size size;
   double nanosecondsPerCycle;
@@ -40,12 +41,17 @@ struct Result {
   const Entry* variant(int variant) const;  // null if it was not timed
   const Entry& copy() const;                // the faster one
   // The fastest call of one library, or of all where `maker` is empty; null if there is none.
-  const Entry* peer(Level level, const std::string& maker = "") const;
+  const Entry* peer(PeerClass peerClass, const std::string& maker = "") const;
   // The peer that stands beside a variant.
   const Entry* peerOf(const Entry& entry) const;
+  // The other build's entry for a variant of ours.
+  const Entry* otherBuildOf(const Entry& entry) const;
+
+ private:
+  const Entry* madeBy(const std::string& maker) const;
 };
 
-// How many times as fast as the peer.
+// How many times as fast as the peer, or as the other build.
 double ratio(const Entry& ours, const Entry& peer);
 
 // A peer's call that did something else, at one size or several.
@@ -56,6 +62,7 @@ struct LeftOut {
 
 struct Run {
   std::vector<std::string> environment;  // lines
+  std::string against;                   // the other build; empty if there is none
   std::vector<int> variants;
   std::vector<Size> sizes;
   std::vector<Result> results;

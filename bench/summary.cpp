@@ -3,9 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
-
-#include "tests/support/variants.h"
+#include <iterator>
 
 namespace {
 
@@ -28,11 +26,23 @@ Summary summarizeOne(const Run& run, const Size& size, int variant) {
     summary.comparisons.push_back(comparison);
     logarithms += std::log(comparison.ratio);
     keepLeast(summary.leastByKind, kindOf(*result.conversion), comparison);
-    if (std::string_view(variantTags[variant]) == "l9" && isWide(*result.conversion))
-      keepLeast(summary.leastByKind, "256-bit kernels", comparison);
   }
   summary.geometricMean = std::exp(
       logarithms / static_cast<double>(std::max<std::size_t>(1, summary.comparisons.size())));
+  return summary;
+}
+
+BuildSummary summarizeBuild(const Run& run, const Size& size, int variant) {
+  BuildSummary summary = {size, variant, 0, {}};
+  double logarithms = 0;
+  for (const Result& result : run.results) {
+    if (result.size.name() != size.name()) continue;
+    const Entry *ours = result.variant(variant), *other = result.otherBuildOf(*ours);
+    summary.comparisons.push_back({&result, ours, other, ratio(*ours, *other)});
+    logarithms += std::log(summary.comparisons.back().ratio);
+  }
+  std::ranges::stable_sort(summary.comparisons, {}, &BuildComparison::ratio);
+  summary.geometricMean = std::exp(logarithms / static_cast<double>(summary.comparisons.size()));
   return summary;
 }
 
@@ -59,5 +69,20 @@ std::vector<Summary> summarize(const Run& run) {
       Summary summary = summarizeOne(run, size, variant);
       if (!summary.comparisons.empty()) summaries.push_back(std::move(summary));
     }
+  return summaries;
+}
+
+std::vector<BuildComparison> BuildSummary::slower() const {
+  std::vector<BuildComparison> some;
+  std::ranges::copy_if(comparisons, std::back_inserter(some),
+                       [](const BuildComparison& c) { return c.ratio < 1 / 1.02; });
+  return some;
+}
+
+std::vector<BuildSummary> summarizeBuilds(const Run& run) {
+  std::vector<BuildSummary> summaries;
+  if (run.against.empty()) return summaries;
+  for (const Size& size : run.sizes)
+    for (const int variant : run.variants) summaries.push_back(summarizeBuild(run, size, variant));
   return summaries;
 }

@@ -32,4 +32,24 @@ struct Summary {
 // Without those variants that are compared with nothing.
 std::vector<Summary> summarize(const Run& run);
 
+struct BuildComparison {
+  const Result* result;
+  const Entry *ours, *other;
+  double ratio;
+};
+
+// One size and variant beside the other build.
+struct BuildSummary {
+  Size size;
+  int variant;
+  double geometricMean;                      // of the other build's time over ours
+  std::vector<BuildComparison> comparisons;  // of all conversions, lowest ratio first
+
+  // Slower than the other build by more than 2 %; lowest ratio first.
+  std::vector<BuildComparison> slower() const;
+};
+
+// Nothing where there is no other build.
+std::vector<BuildSummary> summarizeBuilds(const Run& run);
+
 #endif

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Threads that each do their own part of a job when told to. They wait in a loop for a while, so
+// Threads that each do their own part of a job when one starts. They wait in a loop for a while, so
 // that jobs in a row start at once, and then sleep.
 class Team {
  public:
@@ -113,7 +113,7 @@ ThreadReport timeThreads(const Options& options) {
               conversion->call(bands[static_cast<std::size_t>(i)]);
             });
         candidates.push_back(
-            {std::to_string(count), "bands", Level::None, {}, [team] { team->run(); }});
+            {std::to_string(count), "bands", PeerClass::None, {}, [team] { team->run(); }});
       }
       const Timing timing = timeByTurns(candidates, effort);
       report.table +=

@@ -58,8 +58,8 @@ int batchOf(const Candidate& candidate, clockid_t clock) {
   return std::max(1, static_cast<int>(std::ceil(batchNanoseconds / std::max(best, 1.0))));
 }
 
-// One call ahead leaves the caches and the memory of the process as this candidate does, not as
-// the one before it did.
+// One call before them leaves the caches and the memory of the process as this candidate does, not
+// as the one before it did.
 double timeRound(const Candidate& candidate, int calls, clockid_t clock) {
   select(candidate);
   candidate.run();

@@ -70,8 +70,3 @@ std::string kindOf(const Conversion& c) {
       return "twist";
   }
 }
-
-bool isWide(const Conversion& c) {
-  if (c.kind != Kind::Decode || c.has("Dither") || !c.has("ToBGR")) return false;
-  return c.has("YCbCr420To") || (c.has("422To") && c.has("C2C3R") && !c.has("444"));
-}

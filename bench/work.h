@@ -31,7 +31,4 @@ std::string familyOf(const Conversion& conversion);
 // What the summary takes minima over.
 std::string kindOf(const Conversion& conversion);
 
-// The conversions that variant l9 does with 256-bit lanes.
-bool isWide(const Conversion& conversion);
-
 #endif

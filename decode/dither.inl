@@ -7,7 +7,7 @@
 #include "decode/dither_matrix.h"
 #include "decode/pack.inl"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 // A component v, 0 to 255, to a level of `bits` bits. `step` is 256 * 255 / (2^bits - 1), near
 // enough: 4352, 2105, 1036 for 4, 5, 6 bits.
@@ -38,22 +38,22 @@ PXM_INLINE int ditherLevelOf(int v, int threshold) {
   if constexpr (bits == 6) return DitherLevel6(v, threshold);
 }
 
-template <int pixelDepth>
-struct PackDither : Fields<pixelDepth> {
-  static constexpr int depth = pixelDepth;
+template <int pixelFormat>
+struct PackDither : Fields<pixelFormat> {
+  static constexpr int format = pixelFormat;
   static constexpr bool dithers = true;
-  using Fields<pixelDepth>::Fields;
+  using Fields<pixelFormat>::Fields;
 
   // The three components share the threshold of their pixel.
   PXM_INLINE uint16_t pack(const Channels& c, int row, ptrdiff_t column) const {
-    const auto& matrix = depth == 444 ? DitherMatrix444 : DitherMatrix555;
+    const auto& matrix = format == 444 ? DitherMatrix444 : DitherMatrix555;
     const int threshold = matrix[row & 3][column & 3];
-    return this->word(ditherLevelOf<Fields<depth>::redBits>(c.red, threshold),
-                      ditherLevelOf<Fields<depth>::greenBits>(c.green, threshold),
-                      ditherLevelOf<Fields<depth>::blueBits>(c.blue, threshold));
+    return this->word(ditherLevelOf<Fields<format>::redBits>(c.red, threshold),
+                      ditherLevelOf<Fields<format>::greenBits>(c.green, threshold),
+                      ditherLevelOf<Fields<format>::blueBits>(c.blue, threshold));
   }
 };
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

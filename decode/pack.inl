@@ -4,11 +4,14 @@
 #ifndef PXM_DECODE_PACK_INL
 #define PXM_DECODE_PACK_INL
 
-#include "decode/forms.inl"
+#include <stddef.h>
+#include <stdint.h>
 
-PXM_TEXT_BEGIN
+#include "decode/arithmetic.inl"
 
-template <int depth>
+PXM_LEVEL_BEGIN
+
+template <int format>
 struct Layout;
 
 template <>
@@ -26,10 +29,10 @@ struct Layout<565> {
   static constexpr int redBits = 5, greenBits = 6, blueBits = 5;
 };
 
-// Fields into their places, in either colour order.
-template <int depth>
-struct Fields : Layout<depth> {
-  using Layout<depth>::redBits, Layout<depth>::greenBits, Layout<depth>::blueBits;
+// Fields into their places, in either channel order.
+template <int format>
+struct Fields : Layout<format> {
+  using Layout<format>::redBits, Layout<format>::greenBits, Layout<format>::blueBits;
   static constexpr int greenShift = blueBits;
   static constexpr int topShift = blueBits + greenBits;
 
@@ -46,11 +49,11 @@ struct Fields : Layout<depth> {
 };
 
 // Drops the low bits, without rounding.
-template <int pixelDepth>
-struct PackPlain : Fields<pixelDepth> {
-  static constexpr int depth = pixelDepth;
+template <int pixelFormat>
+struct PackPlain : Fields<pixelFormat> {
+  static constexpr int format = pixelFormat;
   static constexpr bool dithers = false;
-  using Fields<pixelDepth>::Fields;
+  using Fields<pixelFormat>::Fields;
 
   // Rows and columns are all alike.
   PXM_INLINE uint16_t pack(const Channels& c, int, ptrdiff_t) const {
@@ -59,6 +62,6 @@ struct PackPlain : Fields<pixelDepth> {
   }
 };
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

@@ -4,9 +4,9 @@
 #ifndef PXM_ENCODE_UNPACK_INL
 #define PXM_ENCODE_UNPACK_INL
 
-#include "frame/variant.h"
+#include "frame/level.h"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 // Of one pixel, or the sum over a group of pixels.
 struct Components {
@@ -32,6 +32,6 @@ struct UnpackRgb565 {
   }
 };
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

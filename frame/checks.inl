@@ -8,7 +8,7 @@
 #include "frame/signatures.h"
 #include "frame/variant.h"
 
-PXM_TEXT_BEGIN
+PXM_VARIANT_BEGIN
 
 enum class Check {
   Src,
@@ -58,7 +58,7 @@ PXM_INLINE pxmStatus test(const A& a) {
     return a.srcDstStep < 1 ? pxmStatusBadStep : pxmStatusOk;
 }
 
-// Makes the checks in the order written and answers with the first refusal.
+// Makes the checks in the order written and returns the first status that rejects.
 template <Minimum minimum, Check... order>
 struct Checks {
   template <class A>
@@ -69,6 +69,6 @@ struct Checks {
   }
 };
 
-PXM_TEXT_END
+PXM_VARIANT_END
 
 #endif

@@ -13,19 +13,20 @@ int LevelAllowed(int) {
   return 1;
 }
 
-// What each variant knows about. A bit that a variant does not know is dropped even where the
-// processor has it: AVX without the operating system's support does not show in y8.
-constexpr FeatureMask enabledMx = 0x7;
-constexpr FeatureMask enabledM7 = 0xF;
-constexpr FeatureMask enabledU8 = 0x1F;
-constexpr FeatureMask enabledN8 = 0x3F;
-constexpr FeatureMask enabledY8 = 0x80CDF;
-constexpr FeatureMask enabledE9 = 0x86FDF;
-constexpr FeatureMask enabledL9 = 0xFEFFF;
-
 constexpr bool hasAll(FeatureMask mask, FeatureMask bits) {
   return (mask & bits) == bits;
 }
+
+// What a variant needs and what it knows about.
+struct Requirements {
+  FeatureMask needs, knows;
+};
+
+constexpr Requirements requirements[] = {
+#define VARIANT(tag, kernels, depth_kernels, needs, knows, label, plus) {needs, knows},
+#include "frame/variants.def"
+};
+constexpr int variantCount = sizeof requirements / sizeof requirements[0];
 
 constexpr uint32_t fourCharacters(const char* text) {
   uint32_t word = 0;
@@ -36,17 +37,15 @@ constexpr uint32_t fourCharacters(const char* text) {
 }  // namespace
 
 Selection selectVariant(pxmStatus detection, FeatureMask m) {
-  if (detection != pxmStatusOk) return {variant_mx, enabledMx};
-  if (hasAll(m, featureAvx | featureAvxState) && LevelAllowed(avxLevel)) {
-    if (hasAll(m, featureAvx2Level)) return {variant_l9, m & enabledL9};
-    return {variant_e9, m & enabledE9};
+  if (detection != pxmStatusOk) return {variant_mx, requirements[variant_mx].knows};
+  // From the last row up: SSE4.1 comes before MOVBE, so that a processor with both takes y8.
+  for (int v = variantCount - 1; v > variant_mx; --v) {
+    const auto [needs, knows] = requirements[v];
+    if (!hasAll(m, needs)) continue;
+    if (hasAll(needs, featureAvx) && !LevelAllowed(avxLevel)) continue;
+    return {Variant{v}, m & knows};
   }
-  // SSE4.1 before MOVBE: a processor with both takes y8.
-  if (hasAll(m, featureSse41)) return {variant_y8, m & enabledY8};
-  if (hasAll(m, featureMovbe | featureSsse3)) return {variant_n8, m & enabledN8};
-  if (hasAll(m, featureSsse3)) return {variant_u8, m & enabledU8};
-  if (hasAll(m, featureSse3)) return {variant_m7, m & enabledM7};
-  return {variant_mx, m & enabledMx};
+  return {variant_mx, m & requirements[variant_mx].knows};
 }
 
 int IsFavouredVendor(const CpuIdRecord& leaf0) {

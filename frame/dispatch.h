@@ -12,7 +12,7 @@
 extern "C" int32_t VariantIndex;
 
 // The load-time entry: starts the library when `reason` is processAttach and does nothing at any
-// other notification. Always 1: the library never refuses to load.
+// other notification. Always 1: the library always loads.
 extern "C" int pxmLibraryEntry(void* module, unsigned reason, void* reserved);
 
 // legacy90pxmccInit under a name that no other object can take over.
@@ -22,9 +22,9 @@ namespace pxm {
 
 constexpr unsigned processAttach = 1;
 
-// variant_mx is 0, variant_l9 is 6.
+// variant_mx is 0, and the others follow in slot order.
 enum Variant : int {
-#define VARIANT(tag) variant_##tag,
+#define VARIANT(tag, ...) variant_##tag,
 #include "frame/variants.def"
 };
 
@@ -34,7 +34,7 @@ struct Selection {
   FeatureMask enabled;
 };
 
-// The best variant for a processor; plain code where `detection` is not pxmStatusOk.
+// The best variant for a processor; scalar code where `detection` is not pxmStatusOk.
 Selection selectVariant(pxmStatus detection, FeatureMask mask);
 
 // 1 when leaf 0 spells the vendor that the library favours, else 0.

@@ -14,6 +14,7 @@ namespace pxm {
 // One bit a feature. Those from AES on, AVX2 apart, are carried and steer nothing.
 using FeatureMask = uint64_t;
 
+constexpr FeatureMask featureNone = 0;
 constexpr FeatureMask featureMmx = 0x1;
 constexpr FeatureMask featureSse = 0x2;
 constexpr FeatureMask featureSse2 = 0x4;

@@ -7,9 +7,9 @@
 #include <stdint.h>
 #include <string.h>
 
-#include "frame/variant.h"
+#include "frame/level.h"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 // A full-width multiple of the pitch from the first row.
 template <class T>
@@ -37,6 +37,6 @@ PXM_INLINE void store16(uint8_t* row, ptrdiff_t x, uint16_t word) {
   memcpy(row + 2 * x, &word, sizeof word);
 }
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

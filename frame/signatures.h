@@ -12,8 +12,12 @@ namespace pxm {
 
 // Arguments as given: arrays of planes and of pitches stay the pointers that they are, because
 // nothing is read through them before the checks have passed. Pitches in bytes.
-template <class Src, class SrcStep, class Dst, class DstStep>
+template <class S, class SStep, class D, class DStep>
 struct Arguments {
+  using Src = S;
+  using SrcStep = SStep;
+  using Dst = D;
+  using DstStep = DStep;
   Src src;
   SrcStep srcStep;
   Dst dst;
@@ -21,8 +25,12 @@ struct Arguments {
   int width, height;
 };
 
-template <class Src, class Dst>
+template <class S, class D>
 struct TwistArguments {
+  using Src = S;
+  using SrcStep = int;
+  using Dst = D;
+  using DstStep = int;
   Src src;
   int srcStep;
   Dst dst;
@@ -100,25 +108,30 @@ using TwistPlanesInPlace = TwistInPlaceArguments<int8_t* const*>;
 // PXM_LIST_<family>: the argument list of each family of conversions.
 #define PXM_LIST_DecodePlanar         PlanesToPixels
 #define PXM_LIST_DecodePlanarOnePitch PlanesOnePitchToPixels
-#define PXM_LIST_DecodePacked         BytesToPixels
+#define PXM_LIST_DecodeInterleaved         BytesToPixels
 #define PXM_LIST_Decode411            PlanesToPixels
 #define PXM_LIST_Encode411            PixelsToPlanes
 #define PXM_LIST_Encode420            PixelsToPlanes
 #define PXM_LIST_EncodeYuv420         PixelsToPlanes
 #define PXM_LIST_Encode422Planar      PixelsToPlanes
-#define PXM_LIST_Encode422Packed      PixelsToBytes
+#define PXM_LIST_Encode422Interleaved      PixelsToBytes
 #define PXM_LIST_EncodeRgbToYuv420    PixelsToPlanes
 #define PXM_LIST_EncodeRgbToYuv422    PixelsToPlanes
 #define PXM_LIST_Depth565To888        PixelsToBytes
 #define PXM_LIST_Depth888To565        BytesToPixels
-#define PXM_LIST_TwistPacked          TwistImage
-#define PXM_LIST_TwistPackedInPlace   TwistImageInPlace
+#define PXM_LIST_TwistInterleaved          TwistImage
+#define PXM_LIST_TwistInterleavedInPlace   TwistImageInPlace
 #define PXM_LIST_TwistPlanar          TwistPlanes
 #define PXM_LIST_TwistPlanarInPlace   TwistPlanesInPlace
 // clang-format on
 
 #define PXM_OF_LIST_TOKENS(what, list) PXM_##what##_##list
 #define PXM_OF_LIST(what, list) PXM_OF_LIST_TOKENS(what, list)
+
+// The images of a kernel, from a record of arguments: as an export takes them, in registers.
+#define PXM_KERNEL_IMAGES(arguments)                                                              \
+  arguments::Src src, arguments::SrcStep srcStep, arguments::Dst dst, arguments::DstStep dstStep, \
+      pxmSize roiSize
 
 #define PARAMETERS(family) PXM_OF_LIST(PARAMETERS, PXM_LIST_##family)
 #define ARGUMENTS(family) PXM_OF_LIST(ARGUMENTS, PXM_LIST_##family)

@@ -6,8 +6,6 @@
    starts the library and falls through into the stub. */
 #include <cet.h>
 
-#include "frame/variants.def"
-
 #ifndef __ELF__
 #error "the stubs are laid out for ELF"
 #endif
@@ -39,9 +37,15 @@ LazyStartThunk:
         .size   LazyStartThunk, . - LazyStartThunk
 
 /* The tables hold addresses that the loader relocates, so they stand in data that is read-only
-   afterwards; the suffixes name the entries of slots 0 to 6. Trampoline and stub take 31 bytes
+   afterwards; slots 0 to 6 hold the entries of the variants. Trampoline and stub take 31 bytes
    together: a stub lies in one line of the instruction cache. */
-        .macro  STUB prefix, name, suffixes:vararg
+#define VARIANT(tag, ...) SLOT \name\()_##tag
+        .macro  SLOT entry
+        .hidden \entry
+        .quad   \entry
+        .endm
+
+        .macro  STUB prefix, name
         .section .data.rel.ro, "aw", @progbits
         .balign 8
         .hidden \name\()_table
@@ -49,10 +53,7 @@ LazyStartThunk:
         .type   \name\()_table, @object
         .quad   \name\()_trampoline
 \name\()_table:
-        .irp    suffix, \suffixes
-        .hidden \name\()_\suffix
-        .quad   \name\()_\suffix
-        .endr
+#include "frame/variants.def"
         .size   \name\()_table, . - \name\()_table
 
         .text
@@ -76,8 +77,8 @@ LazyStartThunk:
         .size   \prefix\name, . - \prefix\name
         .endm
 
-#define DISPATCHED_SERVICE(name) STUB legacy90pxmcc, name, PXM_EACH_VARIANT
-#define CONVERSION(name, family) STUB legacy90pxmi, name, PXM_EACH_VARIANT
+#define DISPATCHED_SERVICE(name) STUB legacy90pxmcc, name
+#define CONVERSION(name, family) STUB legacy90pxmi, name
 #include "frame/conversions.def"
 
         .section .note.GNU-stack, "", @progbits

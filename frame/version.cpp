@@ -4,44 +4,27 @@
 
 namespace {
 
-constexpr pxmVersionRecord record(char first, char second, const char* label) {
-  return {9, 0, 0, -1, {first, second}, label, "9.0 Legacy (r48491) (-)", "Oct 14 2015"};
+constexpr pxmVersionRecord record(const char* tag, const char* label) {
+  return {9, 0, 0, -1, {tag[0], tag[1]}, label, "9.0 Legacy (r48491) (-)", "Oct 14 2015"};
 }
 
-constexpr pxmVersionRecord recordMx = record('m', 'x', "pxmCC PX (mx)");
-constexpr pxmVersionRecord recordM7 = record('m', '7', "pxmCC SSE3 (m7)");
-constexpr pxmVersionRecord recordU8 = record('u', '8', "pxmCC SSSE3 (u8)");
-constexpr pxmVersionRecord recordN8 = record('n', '8', "pxmCC Mote (n8)");
-constexpr pxmVersionRecord recordY8 = record('y', '8', "pxmCC SSE4.1/4.2 (y8)");
-constexpr pxmVersionRecord recordY8WithSse42 = record('y', '8', "pxmCC SSE4.1/4.2 (y8)+");
-constexpr pxmVersionRecord recordE9 = record('e', '9', "pxmCC AVX (e9)");
-constexpr pxmVersionRecord recordL9 = record('l', '9', "pxmCC AVX2 (l9)");
+// A variant has one record, or a second one for processors with SSE4.2.
+#define VARIANT(tag, kernels, depth_kernels, needs, knows, label, plus)   \
+  constexpr pxmVersionRecord record_##tag = record(#tag, label);          \
+  constexpr pxmVersionRecord recordPlus_##tag = record(#tag, label plus); \
+  constexpr bool isTwofold_##tag = sizeof plus > 1;
+#include "frame/variants.def"
 
 }  // namespace
 
 #pragma GCC visibility push(hidden)
 extern "C" {
 
-const pxmVersionRecord* GetLibVersion_mx() {
-  return &recordMx;
-}
-const pxmVersionRecord* GetLibVersion_m7() {
-  return &recordM7;
-}
-const pxmVersionRecord* GetLibVersion_u8() {
-  return &recordU8;
-}
-const pxmVersionRecord* GetLibVersion_n8() {
-  return &recordN8;
-}
-const pxmVersionRecord* GetLibVersion_y8() {
-  return pxm::TestEnabledFeatures(pxm::featureSse42) ? &recordY8WithSse42 : &recordY8;
-}
-const pxmVersionRecord* GetLibVersion_e9() {
-  return &recordE9;
-}
-const pxmVersionRecord* GetLibVersion_l9() {
-  return &recordL9;
-}
+#define VARIANT(tag, ...)                                                                         \
+  const pxmVersionRecord* GetLibVersion_##tag() {                                                 \
+    if (isTwofold_##tag && pxm::TestEnabledFeatures(pxm::featureSse42)) return &recordPlus_##tag; \
+    return &record_##tag;                                                                         \
+  }
+#include "frame/variants.def"
 }
 #pragma GCC visibility pop

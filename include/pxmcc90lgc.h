@@ -73,7 +73,7 @@ typedef struct pxmVersionRecord {
   int versionMinor;        /**< 0 */
   int versionPatch;        /**< 0 */
   int buildNumber;         /**< -1 */
-  char variantTag[8];      /**< "mx", "m7", "u8", "n8", "y8", "e9" or "l9", zero-filled */
+  char variantTag[8];      /**< the variant in two letters, such as "l9", zero-filled */
   const char* label;       /**< the variant in words, such as "pxmCC AVX2 (l9)" */
   const char* releaseText; /**< name of the release */
   const char* dateText;    /**< its date */

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Chains and packers of the vector decoders on portable lanes, over all of their inputs.
-#define PXM_VARIANT portable
+// Chains and packers of the SIMD decoders on portable lanes, over all of their inputs.
+#define PXM_LEVEL portable
+#define PXM_SIMD
 #include <gtest/gtest.h>
 
 #include "tests/oracle/oracle.h"
 #include "tests/support/portable_lanes.inl"
-#include "vector/forms.inl"
-#include "vector/packers.inl"
+#include "vector/decode/pack.inl"
+#include "vector/decode/plan.inl"
 
 namespace pxm::portable {
 namespace {
@@ -28,7 +29,8 @@ template <class Chain>
 void expectChainOverAllTriples(oracle::Rgb (*expected)(int, int, int)) {
   for (int cb = 0; cb < 256; ++cb)
     for (int cr = 0; cr < 256; ++cr) {
-      const LaneTerms<L> terms = Chain::chroma(all<L>((cb - 128) * 256), all<L>((cr - 128) * 256));
+      const LaneTerms<L> terms =
+          Chain::chroma(broadcast<L>((cb - 128) * 256), broadcast<L>((cr - 128) * 256));
       for (int y = 0; y < 256; y += 8) {
         const LaneChannels<L> c = join(Chain::luma(eightFrom(y, 1 << Chain::lumaScale)), terms);
         for (int i = 0; i < 8; ++i) {
@@ -55,32 +57,38 @@ TEST(Chains, StagedYuvChainOverAllTriples) {
 constexpr int leastSixteenths = -8700, mostSixteenths = 8700;
 
 // Even columns of one colour, odd ones of another.
-template <class Packer>
-void expectPackedAs(int row, bool bgr, int red, int green, int blue) {
+template <class Packer, class Order>
+void expectPackedAs(const Order& order, bool bgr, int row, int red, int green, int blue) {
   const LaneRow<Packer, L> lanes(row);
-  const ByParity<L> luma = {all<L>(100), all<L>(-100)};
+  const ByParity<L> luma = {broadcast<L>(100), broadcast<L>(-100)};
   const ByParity<LaneTerms<L>> terms = {
-      {all<L>(red - 100), all<L>(100 - green), all<L>(blue - 100)},
-      {all<L>(blue + 100), all<L>(-100 - red), all<L>(green + 100)}};
-  const PackedColumns<L> words = packColumns(bgr, lanes, luma, terms);
+      {broadcast<L>(red - 100), broadcast<L>(100 - green), broadcast<L>(blue - 100)},
+      {broadcast<L>(blue + 100), broadcast<L>(-100 - red), broadcast<L>(green + 100)}};
+  const PackedColumns<L> words = packColumns(order, lanes, luma, terms);
   const int r = clamped(red >> 4), g = clamped(green >> 4), b = clamped(blue >> 4);
   for (int x = 0; x < 16; ++x) {
     const oracle::Rgb levels = x % 2 == 0 ? oracle::Rgb{r, g, b} : oracle::Rgb{b, r, g};
     const L& half = x < 8 ? words.first : words.second;
     ASSERT_EQ(static_cast<uint16_t>(half.e[x % 8]),
-              Packer::dithers ? oracle::packDither(levels, Packer::depth, bgr, row, x)
-                              : oracle::packPlain(levels, Packer::depth, bgr))
+              Packer::dithers ? oracle::packDither(levels, Packer::format, bgr, row, x)
+                              : oracle::packPlain(levels, Packer::format, bgr))
         << red << " " << green << " " << blue << " at " << row << "," << x;
   }
 }
 
 // Every value that a component can take, in each channel and at every place of the dither.
+template <class Packer, class Order>
+void expectPackingOfAllValuesIn(const Order& order, bool bgr) {
+  for (int row = 0; row < 4; ++row)
+    for (int v = leastSixteenths; v <= mostSixteenths; ++v)
+      ASSERT_NO_FATAL_FAILURE(expectPackedAs<Packer>(order, bgr, row, v, v * 7 % 8192, -v));
+}
+
 template <class Packer>
 void expectPackingOfAllValues() {
-  for (const bool bgr : {false, true})
-    for (int row = 0; row < 4; ++row)
-      for (int v = leastSixteenths; v <= mostSixteenths; ++v)
-        ASSERT_NO_FATAL_FAILURE(expectPackedAs<Packer>(row, bgr, v, v * 7 % 8192, -v));
+  expectPackingOfAllValuesIn<Packer>(FixedOrder<false>(), false);
+  expectPackingOfAllValuesIn<Packer>(FixedOrder<true>(), true);
+  for (const bool bgr : {false, true}) expectPackingOfAllValuesIn<Packer>(MaskedOrder{bgr}, bgr);
 }
 
 TEST(LanePacking, Of444OverAllValuesAndPlaces) {
@@ -122,26 +130,29 @@ TEST(Samples, AreSplitByParityAtEveryScaleInUse) {
   expectScaled<7>(split, 0, 8, 1);
   expectScaled<8>(split, 0, 8, 1);
 }
-TEST(Samples, CentredAreLess128) {
+TEST(Samples, WithTheirBiasRemovedAreLess128) {
   const PortableBytes bytes = bytesOf(sixteenBytes());
-  const L paired = PairedBytes<L>{sixteenBytes()}.centred().scaled<8>().odd;
-  const L split = SplitBytes<L>{sixteenBytes()}.centred().scaled<8>().odd;
+  const L paired = PairedBytes<L>{sixteenBytes()}.biasRemoved().scaled<8>().odd;
+  const L split = SplitBytes<L>{sixteenBytes()}.biasRemoved().scaled<8>().odd;
   for (int i = 0; i < 8; ++i) {
     EXPECT_EQ(paired.e[i], (bytes.b[2 * i + 1] - 128) * 256);
     EXPECT_EQ(split.e[i], (bytes.b[8 + i] - 128) * 256);
   }
 }
 
-TEST(Cuts, VectorColumnsByLiteralWidths) {
+TEST(DecodePlans, VectorColumnsByLiteralWidths) {
   const struct {
-    int width, byEight, byEightFour, byEightFourTwo;
-  } rows[] = {{1, 0, 0, 0},    {2, 0, 0, 2},     {3, 0, 0, 2},    {4, 0, 4, 4},
-              {7, 0, 4, 6},    {8, 8, 8, 8},     {9, 8, 8, 8},    {12, 8, 12, 12},
-              {15, 8, 12, 14}, {16, 16, 16, 16}, {39, 32, 36, 38}};
+    int width, byEight, byEightFour, byEightFourTwo, bySixteenEight;
+  } rows[] = {{1, 0, 0, 0, 0},      {2, 0, 0, 2, 0},      {3, 0, 0, 2, 0},
+              {4, 0, 4, 4, 0},      {7, 0, 4, 6, 0},      {8, 8, 8, 8, 8},
+              {9, 8, 8, 8, 8},      {12, 8, 12, 12, 8},   {15, 8, 12, 14, 8},
+              {16, 16, 16, 16, 16}, {23, 16, 20, 22, 16}, {24, 24, 24, 24, 24},
+              {31, 24, 28, 30, 24}, {39, 32, 36, 38, 32}};
   for (const auto& row : rows) {
-    EXPECT_EQ(VectorColumns(cutByEight, row.width), row.byEight);
-    EXPECT_EQ(VectorColumns(cutByEightFour, row.width), row.byEightFour);
-    EXPECT_EQ(VectorColumns(cutByEightFourTwo, row.width), row.byEightFourTwo);
+    EXPECT_EQ(VectorColumns(planByEight, row.width), row.byEight);
+    EXPECT_EQ(VectorColumns(planByEightFour, row.width), row.byEightFour);
+    EXPECT_EQ(VectorColumns(planByEightFourTwo, row.width), row.byEightFourTwo);
+    EXPECT_EQ(VectorColumns(planBySixteenEight, row.width), row.bySixteenEight);
   }
 }
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The scalar text of the decoders, compiled once more for this test, over all of its inputs.
-#define PXM_VARIANT tested
+// The scalar code of the decoders, compiled once more for this test, over all of its inputs.
+#define PXM_LEVEL tested
 #include <gtest/gtest.h>
 
 #include "decode/clamp_table.h"
-#include "decode/columns.inl"
 #include "decode/dither.inl"
 #include "decode/dither_matrix.h"
+#include "decode/row.inl"
 #include "tests/oracle/oracle.h"
 
 namespace pxm::tested {
@@ -81,11 +81,11 @@ TEST(Dither, LiteralLevels) {
 }
 
 // Every component value at every place of the matrix and beyond it, in each channel by itself.
-template <int depth>
+template <int format>
 void expectPackingOverAllValuesAndPlaces() {
   for (const bool bgr : {false, true}) {
-    const PackPlain<depth> plain(bgr);
-    const PackDither<depth> dither(bgr);
+    const PackPlain<format> plain(bgr);
+    const PackDither<format> dither(bgr);
     for (int v = 0; v < 256; ++v)
       for (int channel = 0; channel < 3; ++channel) {
         const int other = 255 - v;
@@ -94,11 +94,11 @@ void expectPackingOverAllValuesAndPlaces() {
         const Channels given = {expected.r, expected.g, expected.b};
         for (int row = 0; row < 8; ++row)
           for (int column = 0; column < 8; ++column) {
-            ASSERT_EQ(plain.pack(given, row, column), oracle::packPlain(expected, depth, bgr))
-                << depth << " channel " << channel << " value " << v;
+            ASSERT_EQ(plain.pack(given, row, column), oracle::packPlain(expected, format, bgr))
+                << format << " channel " << channel << " value " << v;
             ASSERT_EQ(dither.pack(given, row, column),
-                      oracle::packDither(expected, depth, bgr, row, column))
-                << depth << " channel " << channel << " value " << v << " at " << row << ","
+                      oracle::packDither(expected, format, bgr, row, column))
+                << format << " channel " << channel << " value " << v << " at " << row << ","
                 << column;
           }
       }
@@ -116,10 +116,10 @@ TEST(Packing, OrderIsATruthValue) {
 
 // A row of no columns reads and writes nothing.
 TEST(Columns, NothingBelowWidth1) {
-  const Columns<PackedRow444, DecodeWide, PackPlain<565>> row = {
+  const ScalarRow<InterleavedRow444, DecodeWide, PackPlain<565>> row = {
       {nullptr}, {{nullptr, 0}}, PackPlain<565>(1)};
-  row.tail(0, 0);
-  row.tail(0, -1);
+  row.columns(0, 0);
+  row.columns(0, -1);
 }
 
 TEST(Packing, Of444OverAllValuesAndPlaces) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// All inputs of the depth conversions at every place of a block, and in the plain loop.
+// All inputs of the depth conversions of every level, at every place of a block and in the scalar
+// loop.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -66,7 +67,7 @@ class DepthExhaustive : public testing::TestWithParam<Conversion> {
     a.srcStep[0] = static_cast<int>(p.from) * width;
     a.dstStep[0] = static_cast<int>(p.to) * width;
     a.size = {width, height};
-    for (const int variant : runnableVariants()) {
+    for (const int variant : runnableLevels(Kind::Depth)) {
       const SelectedVariant selected(variant);
       Bytes got(p.expected.size(), 0x5A);
       a.dst[0] = got.data();
@@ -87,7 +88,7 @@ TEST_P(DepthExhaustive, AllInputsAtEveryPlaceOfABlock) {
 }
 
 // Narrower than a block, and with pixels left over behind one.
-TEST_P(DepthExhaustive, AllInputsThroughThePlainLoop) {
+TEST_P(DepthExhaustive, AllInputsThroughTheScalarLoop) {
   for (const int width : {1, 3, 5, 7, 15, 21, 23})
     ASSERT_NO_FATAL_FAILURE(expectAll(pixels_, width));
 }

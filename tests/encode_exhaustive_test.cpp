@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every pixel and every sum of a chroma group through the encoders of every variant: at every place
+// Every pixel and every sum of a chroma group through the encoders of every level: at every place
 // of a block, and in the scalar tail.
 #include <gtest/gtest.h>
 
@@ -62,11 +62,11 @@ Encoded encodedBy(const Conversion& c, const Picture& picture, Convert convert) 
   return out;
 }
 
-// The six vector variants give one result, so the oracle is asked twice.
+// The vector variants give one result, so the oracle is asked twice.
 void expectLikeOracle(const Conversion& c, const Picture& picture) {
   Encoded expected;
   int asked = -1;
-  for (const int variant : runnableVariants()) {
+  for (const int variant : runnableLevels(Kind::Encode)) {
     if (asked <= 0)
       expected =
           encodedBy(c, picture, [&](const CallArguments& a) { convertByOracle(c, variant, a); });

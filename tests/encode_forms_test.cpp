@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The scalar arithmetic of the encoders, compiled once more for this test: every pixel through each
 // luma form, every reachable sum through each chroma form.
-#define PXM_VARIANT tested
+#define PXM_LEVEL tested
 #include <gtest/gtest.h>
 
-#include "encode/weights.inl"
+#include "encode/arithmetic.inl"
 #include "tests/oracle/oracle.h"
 
 namespace pxm::tested {

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The lane forms of the encoders on portable lanes: every pixel, and every sum that a group can
 // have.
-#define PXM_VARIANT portable
+#define PXM_LEVEL portable
+#define PXM_SIMD
 #include <gtest/gtest.h>
 
 #include "tests/oracle/oracle.h"
 #include "tests/support/portable_lanes.inl"
-#include "vector/encode_forms.inl"
+#include "vector/encode/plan.inl"
 
 namespace pxm::portable {
 namespace {
@@ -99,8 +100,8 @@ void expectYCbCrChromaOfAllSums(int greenStep, int mostGreen) {
       for (int b = 0; b <= n * 248; b += 64) {
         L blue;
         for (int i = 0; i < 8; ++i) blue.e[i] = static_cast<int16_t>(32 * (b + 8 * i));
-        const LaneChromaPair<L> c =
-            LaneYCbCr<UnpackBgr565>::chroma<n>(LaneParts<L>{all<L>(32 * r), all<L>(32 * g), blue});
+        const LaneChromaPair<L> c = LaneYCbCr<UnpackBgr565>::chroma<n>(
+            LaneParts<L>{broadcast<L>(32 * r), broadcast<L>(32 * g), blue});
         for (int i = 0; i < 8 && b + 8 * i <= n * 248; ++i) {
           ASSERT_EQ(c.first.e[i], oracle::laneCb(r, g, b + 8 * i, n)) << r << " " << g << " " << b;
           ASSERT_EQ(c.second.e[i], oracle::laneCr(r, g, b + 8 * i, n)) << r << " " << g << " " << b;
@@ -121,7 +122,7 @@ TEST(LaneChroma, YuvOfBgrOfAllSums) {
   for (int component = 0; component <= 4 * 31; ++component)
     for (int luma = 0; luma <= 4 * 251; ++luma) {
       // Lanes hold 256 times five bits, and 32 times luma.
-      const L scaled = all<L>(256 * component), levels = all<L>(32 * luma);
+      const L scaled = broadcast<L>(256 * component), levels = broadcast<L>(32 * luma);
       const LaneChromaPair<L> c =
           LaneYuvOfBgr<UnpackBgr565>::chroma<4>(LaneParts<L>{scaled, scaled, levels});
       ASSERT_EQ(asByte(c.first.e[0]), oracle::laneBgrU(8 * component, luma)) << component;
@@ -133,7 +134,7 @@ template <int n>
 void expectYuvOfRgbChroma() {
   for (int component = 0; component <= n * 31; ++component)
     for (int weights = 0; weights <= n * 504; ++weights) {
-      const L scaled = all<L>(32 * component), sums = all<L>(weights);
+      const L scaled = broadcast<L>(32 * component), sums = broadcast<L>(weights);
       const LaneChromaPair<L> c = LaneYuvOfRgb565::chroma<n>(LaneParts<L>{scaled, scaled, sums});
       ASSERT_EQ(asByte(c.first.e[0]), oracle::laneRgbU(8 * component, weights, n)) << component;
       ASSERT_EQ(asByte(c.second.e[0]), oracle::laneRgbV(8 * component, weights, n)) << component;
@@ -149,19 +150,19 @@ TEST(LaneChroma, YuvOfRgbOfAllSumsOfTwo) {
 
 // 187 * 16121 lies below 46 * 65536 and 187 * 16122 above: one component of 31 is 248, luma 61.
 TEST(LaneChroma, TheWeightOfBlueFromRgbIs16121) {
-  const LaneChromaPair<L> c =
-      LaneYuvOfRgb565::chroma<2>(LaneParts<L>{all<L>(0), all<L>(32 * 31), all<L>(2 * 61)});
+  const LaneChromaPair<L> c = LaneYuvOfRgb565::chroma<2>(
+      LaneParts<L>{broadcast<L>(0), broadcast<L>(32 * 31), broadcast<L>(2 * 61)});
   EXPECT_EQ(c.first.e[0], 128 + 45);
 }
 
-TEST(LaneCuts, VectorColumnsByLiteralWidths) {
-  constexpr Cut to422 = EncodeCut<YCbCrGroup<2>, PlanarTarget<1, 1>>::cut;
-  constexpr Cut to422Packed = EncodeCut<YCbCrGroup<2>, PackedTarget422>::cut;
-  constexpr Cut to420 = EncodeCut<YCbCrGroup<4>, PlanarTarget<2, 1>>::cut;
-  constexpr Cut to411 = EncodeCut<YCbCrGroup<4>, PlanarTarget<1, 2>>::cut;
-  constexpr Cut bgrToYuv = EncodeCut<YuvGroupOfBgr<4>, PlanarTarget<2, 1>>::cut;
-  constexpr Cut rgbToYuv420 = EncodeCut<YuvGroupOfRgb<4>, PlanarTarget<2, 1>>::cut;
-  constexpr Cut rgbToYuv422 = EncodeCut<YuvGroupOfRgb<2>, PlanarTarget<1, 1>>::cut;
+TEST(EncodePlans, VectorColumnsByLiteralWidths) {
+  constexpr BlockPlan to422 = EncodePlan<YCbCrGroup<2>, PlanarTarget<1, 1>>::plan;
+  constexpr BlockPlan to422Interleaved = EncodePlan<YCbCrGroup<2>, InterleavedTarget422>::plan;
+  constexpr BlockPlan to420 = EncodePlan<YCbCrGroup<4>, PlanarTarget<2, 1>>::plan;
+  constexpr BlockPlan to411 = EncodePlan<YCbCrGroup<4>, PlanarTarget<1, 2>>::plan;
+  constexpr BlockPlan bgrToYuv = EncodePlan<YuvGroupOfBgr<4>, PlanarTarget<2, 1>>::plan;
+  constexpr BlockPlan rgbToYuv420 = EncodePlan<YuvGroupOfRgb<4>, PlanarTarget<2, 1>>::plan;
+  constexpr BlockPlan rgbToYuv422 = EncodePlan<YuvGroupOfRgb<2>, PlanarTarget<1, 1>>::plan;
   const struct {
     int width, to422, to420, to411, bgrToYuv, rgbToYuv;
   } rows[] = {{3, 0, 0, 0, 0, 0},       {4, 0, 4, 4, 4, 0},       {7, 0, 4, 4, 4, 0},
@@ -172,7 +173,7 @@ TEST(LaneCuts, VectorColumnsByLiteralWidths) {
               {47, 40, 36, 44, 44, 32}, {48, 32, 48, 48, 48, 48}, {55, 32, 52, 52, 52, 48}};
   for (const auto& row : rows) {
     EXPECT_EQ(VectorColumns(to422, row.width), row.to422) << row.width;
-    EXPECT_EQ(VectorColumns(to422Packed, row.width), row.to422) << row.width;
+    EXPECT_EQ(VectorColumns(to422Interleaved, row.width), row.to422) << row.width;
     EXPECT_EQ(VectorColumns(to420, row.width), row.to420) << row.width;
     EXPECT_EQ(VectorColumns(to411, row.width), row.to411) << row.width;
     EXPECT_EQ(VectorColumns(bgrToYuv, row.width), row.bgrToYuv) << row.width;

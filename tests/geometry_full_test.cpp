@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Every conversion at every size to 80 by 8 in every layout, against the oracle. Run as a whole, it
-// closes with a table of the calls that were compared. PXM_TEST_STRIDE=n in the environment
-// takes every n-th layout, in turn over the sizes, for builds that are slow.
+// Every conversion of every level at every size to 80 by 8 in every layout, against the oracle. Run
+// as a whole, it closes with a table of the calls that were compared. PXM_TEST_STRIDE=n in the
+// environment takes every n-th layout, in turn over the sizes, for builds that are slow.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -32,6 +32,15 @@ struct Count {
 };
 std::map<std::string, Count> counts;
 
+// Which variant stands for each level.
+void printLevels(const char* what, Kind kind) {
+  std::printf("%s of", what);
+  for (const int variant : runnableLevels(kind))
+    std::printf(" %.*s (%s)", static_cast<int>(kernelLevel(variant, kind).size()),
+                kernelLevel(variant, kind).data(), variantTags[variant]);
+  std::printf("\n");
+}
+
 class Table : public testing::Environment {
   void TearDown() override {
     Count all;
@@ -42,6 +51,8 @@ class Table : public testing::Environment {
       all.calls += count.calls;
     }
     std::printf("%-16s %12d %12ld\n", "all", all.conversions, all.calls);
+    printLevels("kernels", Kind::Decode);
+    printLevels("depth kernels", Kind::Depth);
   }
 };
 const testing::Environment* const table = testing::AddGlobalTestEnvironment(new Table);
@@ -57,7 +68,7 @@ TEST_P(GeometryFull, WidthsTo80ByHeightsTo8InEveryLayout) {
   Count& count = counts[familyOf(conversion)];
   ++count.conversions;
   int turn = 0;
-  for (const int variant : runnableVariants())
+  for (const int variant : runnableLevels(conversion.kind))
     for (int width = least.width; width <= mostWidth; ++width)
       for (int height = least.height; height <= mostHeight; ++height)
         for (const Layout& layout : layoutsOf(conversion, width, height))

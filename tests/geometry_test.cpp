@@ -16,23 +16,31 @@ namespace {
 
 class Geometry : public testing::TestWithParam<Conversion> {};
 
-// A few layouts of each size; over the sizes every layout has its turn.
-TEST_P(Geometry, WidthsTo40ByHeightsTo6) {
-  constexpr int mostWidth = 40, mostHeight = 6, stride = 11;
+// Every stride-th layout of a size; over the sizes every layout has its turn.
+void expectLikeOracle(const Conversion& conversion, int leastWidth, pxmSize most,
+                      std::size_t stride) {
   SCOPED_TRACE(seedMessage());
-  const Conversion& conversion = GetParam();
-  const pxmSize least = leastSize(conversion);
+  const int leastHeight = leastSize(conversion).height;
   Random random{std::string(conversion.name)};
-  CallMemory memory(mostWidth, mostHeight, mostPadding);
-  std::size_t turn = 0;
+  CallMemory memory(most.width, most.height, mostPadding);
+  std::size_t next = 0;
   for (const int variant : runnableVariants())
-    for (int width = least.width; width <= mostWidth; ++width)
-      for (int height = least.height; height <= mostHeight; ++height) {
+    for (int width = leastWidth; width <= most.width; ++width)
+      for (int height = leastHeight; height <= most.height; ++height) {
         const std::vector<Layout> layouts = layoutsOf(conversion, width, height);
-        for (; turn < layouts.size(); turn += stride)
-          ASSERT_TRUE(memory.matchesOracle(conversion, variant, layouts[turn], random));
-        turn -= layouts.size();
+        for (; next < layouts.size(); next += stride)
+          ASSERT_TRUE(memory.matchesOracle(conversion, variant, layouts[next], random));
+        next -= layouts.size();
       }
+}
+
+TEST_P(Geometry, WidthsTo40ByHeightsTo6) {
+  expectLikeOracle(GetParam(), leastSize(GetParam()).width, {40, 6}, 11);
+}
+
+// An iteration works on 32 columns at most: two of them, and every remainder.
+TEST_P(Geometry, WidthsTo70ByHeightsTo3) {
+  expectLikeOracle(GetParam(), 41, {70, 3}, 37);
 }
 
 INSTANTIATE_TEST_SUITE_P(, Geometry, testing::ValuesIn(conversions()),
@@ -50,7 +58,7 @@ std::vector<int> variantsWithRowsInOrder(const Conversion& conversion) {
 }
 
 TEST_P(Overlap, RowsAreWrittenInOrder) {
-  // One turn of blocks at most, and then some with more.
+  // One iteration at most, and then some with more.
   constexpr int narrow = 19, mostWidth = 51, mostHeight = 5;
   SCOPED_TRACE(seedMessage());
   const Conversion& conversion = GetParam();

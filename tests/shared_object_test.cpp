@@ -4,15 +4,21 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <map>
+#include <set>
+#include <string>
 
 #include "include/pxmcc90lgc.h"
-#include "tests/support/hidden_symbol.h"
+#include "tests/support/hidden_symbols.h"
+#include "tests/support/variants.h"
 
 namespace {
 
 class SharedObject : public testing::Test {
  protected:
-  SharedObject() : handle(dlopen(PXM_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {}
+  SharedObject() : handle(dlopen(PXM_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
+    if (handle != nullptr) symbols = hiddenSymbols(handle);
+  }
   ~SharedObject() override {
     if (handle != nullptr) dlclose(handle);
   }
@@ -23,14 +29,22 @@ class SharedObject : public testing::Test {
     return reinterpret_cast<Function*>(dlsym(handle, name));
   }
 
+  // Of the object's symbol table, hidden ones included; null if there is no such name.
+  template <class T>
+  T* hidden(const std::string& name) {
+    const auto found = symbols.find(name);
+    return found == symbols.end() ? nullptr : static_cast<T*>(found->second);
+  }
+
   void* handle;
+  std::map<std::string, void*> symbols;
 };
 
 TEST_F(SharedObject, IsStartedWhenItIsLoaded) {
-  const auto* index = static_cast<std::int32_t*>(hiddenSymbol(handle, "VariantIndex"));
+  const auto* index = hidden<std::int32_t>("VariantIndex");
   ASSERT_NE(index, nullptr);
   EXPECT_GE(*index, 0);
-  EXPECT_LE(*index, 6);
+  EXPECT_LT(*index, variantCount);
 }
 
 TEST_F(SharedObject, KeepsVariantIndexOutOfItsExports) {
@@ -40,7 +54,7 @@ TEST_F(SharedObject, KeepsVariantIndexOutOfItsExports) {
 }
 
 TEST_F(SharedObject, TakesTheTrampolineAsLongAsNothingIsChosen) {
-  auto* index = static_cast<std::int32_t*>(hiddenSymbol(handle, "VariantIndex"));
+  auto* index = hidden<std::int32_t>("VariantIndex");
   ASSERT_NE(index, nullptr);
   const std::int32_t chosen = *index;
   *index = -1;
@@ -56,16 +70,32 @@ TEST_F(SharedObject, TakesTheTrampolineAsLongAsNothingIsChosen) {
 }
 
 TEST_F(SharedObject, EveryVariantCanBeForcedByItsSymbol) {
-  auto* index = static_cast<std::int32_t*>(hiddenSymbol(handle, "VariantIndex"));
+  auto* index = hidden<std::int32_t>("VariantIndex");
   const auto version = exported<const pxmVersionRecord*()>("legacy90pxmccGetLibVersion");
   ASSERT_TRUE(index != nullptr && version != nullptr);
   const std::int32_t chosen = *index;
-  const char* const tags[] = {"mx", "m7", "u8", "n8", "y8", "e9", "l9"};
-  for (std::int32_t variant = 0; variant < 7; ++variant) {
+  for (std::int32_t variant = 0; variant < variantCount; ++variant) {
     *index = variant;
-    EXPECT_STREQ(version()->variantTag, tags[variant]);
+    EXPECT_STREQ(version()->variantTag, variantTags[variant]);
   }
   *index = chosen;
+}
+
+// The table of a name has the trampoline ahead of its slots, and no two slots share an entry.
+TEST_F(SharedObject, EverySlotLeadsToTheEntryOfItsVariant) {
+  std::set<const void*> entries;
+  for (const Conversion& conversion : conversions()) {
+    const std::string name(conversion.name);
+    const void* const* const slots = hidden<const void*>(name + "_table");
+    ASSERT_NE(slots, nullptr) << name;
+    EXPECT_EQ(slots[-1], hidden<void>(name + "_trampoline")) << name;
+    for (int variant = 0; variant < variantCount; ++variant) {
+      ASSERT_NE(slots[variant], nullptr) << name;
+      EXPECT_EQ(slots[variant], hidden<void>(name + "_" + variantTags[variant])) << name;
+      entries.insert(slots[variant]);
+    }
+  }
+  EXPECT_EQ(entries.size(), conversions().size() * variantCount);
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ Samples expected(const Samples& samples, const Matrix& matrix, int variant) {
   const int width = static_cast<int>(samples.size() / 3);
   oracle::TwistCall call = {{samples.data()}, 3 * width, {out.data()}, 3 * width, width, 1, {}};
   std::memcpy(call.twist, matrix, sizeof call.twist);
-  oracle::twist("ColorTwist32f_8s_C3R", oracle::Variant{variant}, call);
+  oracle::twist("ColorTwist32f_8s_C3R", oracleVariant(variant), call);
   return out;
 }
 

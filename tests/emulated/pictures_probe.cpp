@@ -11,17 +11,11 @@
 
 #include "tests/support/by_oracle.h"
 #include "tests/support/calls.h"
+#include "tests/support/variants.h"
 
 namespace {
 
 constexpr int width = 68, height = 6, pitch = 4 * width, planeBytes = pitch * (height + 1);
-
-int runningVariant() {
-  constexpr const char* tags[] = {"mx", "m7", "u8", "n8", "y8", "e9", "l9"};
-  int index = 0;
-  while (std::strcmp(tags[index], legacy90pxmccGetLibVersion()->variantTag) != 0) ++index;
-  return index;
-}
 
 // Three planes in which no row repeats another: 251 is the largest prime below 256.
 std::vector<std::uint8_t> samples() {
@@ -61,9 +55,10 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "pictures_probe: variant %s runs\n", tag);
     return 1;
   }
+  const int variant = variantNamed(tag);
   long wrong = 0;
   for (const Conversion& conversion : conversions())
-    if (!sameAsOracle(conversion, runningVariant())) {
+    if (!sameAsOracle(conversion, variant)) {
       ++wrong;
       std::fprintf(stderr, "pictures_probe: %s differs\n", std::string(conversion.name).c_str());
     }

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "tests/support/argument_lists.h"
-#include "tests/support/hidden_symbol.h"
+#include "tests/support/hidden_symbols.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ std::string withFolder(const std::string& path) {
 LoadedLibrary::LoadedLibrary(const std::string& path)
     : handle_(dlopen(withFolder(path).c_str(), RTLD_NOW | RTLD_LOCAL)) {
   if (handle_ == nullptr) throw std::runtime_error(dlerror());
-  variantIndex_ = static_cast<std::int32_t*>(hiddenSymbol(handle_, "VariantIndex"));
+  variantIndex_ = static_cast<std::int32_t*>(hiddenSymbols(handle_).at("VariantIndex"));
   if (variantIndex_ == nullptr) throw std::runtime_error(path + " has no symbol VariantIndex");
   version_ = reinterpret_cast<decltype(version_)>(exported("legacy90pxmccGetLibVersion"));
   for (LoadedConversion conversion : allConversions) {

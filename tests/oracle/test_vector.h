@@ -5,7 +5,6 @@
 #ifndef TESTS_ORACLE_TEST_VECTOR_H_
 #define TESTS_ORACLE_TEST_VECTOR_H_
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -14,9 +13,6 @@
 #include "tests/oracle/test_images.h"
 
 namespace oracle {
-
-inline constexpr std::array<Variant, 6> kVectorVariants = {Variant::m7, Variant::u8, Variant::n8,
-                                                           Variant::y8, Variant::e9, Variant::l9};
 
 // The names of the decoding conversions.
 inline std::vector<std::string_view> decodeNames() {

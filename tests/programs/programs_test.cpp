@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What every program prints when asked.
+#include <set>
 #include <string>
 
 #include "program_run.h"
@@ -41,7 +42,11 @@ TEST_F(Programs, WhichVariantPrintsFiveLines) {
 TEST_F(Programs, WhichVariantNamesATagOfTheLibrary) {
   const std::string out = run({WHICH_VARIANT}).out;
   const std::string tag = out.substr(0, out.find('\n')).substr(9);
-  EXPECT_NE(std::string(" mx m7 u8 n8 y8 e9 l9 ").find(" " + tag + " "), std::string::npos) << tag;
+  const std::set<std::string> tags = {
+#define VARIANT(tag, ...) #tag,
+#include "frame/variants.def"
+  };
+  EXPECT_EQ(tags.count(tag), 1u) << tag;
   EXPECT_NE(out.find("(" + tag + ")"), std::string::npos);
 }
 

@@ -2,8 +2,11 @@
 #include "tests/support/by_oracle.h"
 
 #include <cstring>
+#include <stdexcept>
+#include <string>
 
 #include "tests/oracle/oracle.h"
+#include "tests/support/variants.h"
 
 const float ordinaryTwist[3][4] = {
     {1.25f, -0.5f, 0.125f, 10.0f}, {-0.75f, 0.9f, 0.3f, -20.5f}, {0.1f, 0.2f, -1.7f, 0.5f}};
@@ -26,8 +29,16 @@ oracle::TwistCall twistCall(const CallArguments& a) {
 
 }  // namespace
 
+oracle::Variant oracleVariant(int variant) {
+  const auto known = oracle::variantOfTag(variantTags[variant]);
+  if (!known)
+    throw std::logic_error("the oracle does not know variant '" +
+                           std::string(variantTags[variant]) + "' (tests/oracle/variants.h)");
+  return *known;
+}
+
 int convertByOracle(const Conversion& c, int variant, const CallArguments& a) {
-  const oracle::Variant v{variant};
+  const oracle::Variant v = oracleVariant(variant);
   switch (c.kind) {
     case Kind::Decode:
       return oracle::decode(c.name, v,

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The entry of every conversion without its kernel: arguments, checks and status of all families.
 #define PXM_VARIANT checked
+#define PXM_KERNELS none
+#define PXM_DEPTH_KERNELS none
 #include "frame/families.inl"
 
 namespace pxm::PXM_VARIANT {
@@ -8,8 +10,8 @@ namespace {
 
 template <class Family>
 pxmStatus check(const typename Family::Arguments& a) {
-  const pxmStatus refusal = Family::Refusals::first(a);
-  return refusal != pxmStatusOk ? refusal : Family::statusAfter(a.width, a.height);
+  const pxmStatus status = Family::Validation::first(a);
+  return status != pxmStatusOk ? status : Family::statusAfter(a.width, a.height);
 }
 
 }  // namespace

@@ -7,18 +7,16 @@
 #include <stdint.h>
 #include <string.h>
 
-#include "frame/variant.h"
+#include "vector/lane.inl"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 struct I16xPortable {
   int16_t e[8];
 };
 
-template <class L>
-L all(int value);
 template <>
-inline I16xPortable all<I16xPortable>(int value) {
+inline I16xPortable broadcast<I16xPortable>(int value) {
   I16xPortable r;
   for (int16_t& lane : r.e) lane = static_cast<int16_t>(value);
   return r;
@@ -100,7 +98,7 @@ inline I16xPortable lanesOf(const PortableBytes& bytes) {
   return r;
 }
 
-inline I16xPortable narrowed(I16xPortable a, I16xPortable b) {
+inline I16xPortable packUnsigned(I16xPortable a, I16xPortable b) {
   PortableBytes r;
   for (int i = 0; i < 16; ++i) {
     const int lane = i < 8 ? a.e[i] : b.e[i - 8];
@@ -114,7 +112,7 @@ inline I16xPortable subtractBytes(I16xPortable a, I16xPortable b) {
   for (int i = 0; i < 16; ++i) x.b[i] = static_cast<uint8_t>(x.b[i] < y.b[i] ? 0 : x.b[i] - y.b[i]);
   return lanesOf(x);
 }
-inline I16xPortable bytesInTurn(I16xPortable a, I16xPortable b, int from) {
+inline I16xPortable interleaveBytes(I16xPortable a, I16xPortable b, int from) {
   const PortableBytes x = bytesOf(a), y = bytesOf(b);
   PortableBytes r;
   for (int i = 0; i < 8; ++i) {
@@ -123,15 +121,13 @@ inline I16xPortable bytesInTurn(I16xPortable a, I16xPortable b, int from) {
   }
   return lanesOf(r);
 }
-inline I16xPortable lowBytesInTurn(I16xPortable a, I16xPortable b) {
-  return bytesInTurn(a, b, 0);
+inline I16xPortable interleaveLowBytes(I16xPortable a, I16xPortable b) {
+  return interleaveBytes(a, b, 0);
 }
-inline I16xPortable highBytesInTurn(I16xPortable a, I16xPortable b) {
-  return bytesInTurn(a, b, 8);
+inline I16xPortable interleaveHighBytes(I16xPortable a, I16xPortable b) {
+  return interleaveBytes(a, b, 8);
 }
 
-template <class L>
-L loadLanes(const void* p);
 template <>
 inline I16xPortable loadLanes<I16xPortable>(const void* p) {
   I16xPortable r;
@@ -139,7 +135,7 @@ inline I16xPortable loadLanes<I16xPortable>(const void* p) {
   return r;
 }
 
-inline I16xPortable lanesInTurn(I16xPortable a, I16xPortable b, int from) {
+inline I16xPortable interleaveLanes(I16xPortable a, I16xPortable b, int from) {
   I16xPortable r;
   for (int i = 0; i < 4; ++i) {
     r.e[2 * i] = a.e[from + i];
@@ -147,13 +143,13 @@ inline I16xPortable lanesInTurn(I16xPortable a, I16xPortable b, int from) {
   }
   return r;
 }
-inline I16xPortable lowLanesInTurn(I16xPortable a, I16xPortable b) {
-  return lanesInTurn(a, b, 0);
+inline I16xPortable interleaveLowLanes(I16xPortable a, I16xPortable b) {
+  return interleaveLanes(a, b, 0);
 }
-inline I16xPortable highLanesInTurn(I16xPortable a, I16xPortable b) {
-  return lanesInTurn(a, b, 4);
+inline I16xPortable interleaveHighLanes(I16xPortable a, I16xPortable b) {
+  return interleaveLanes(a, b, 4);
 }
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/shapes.h"
 
+#include "tests/support/variants.h"
+
 namespace {
 
 int half(int n) {
@@ -10,11 +12,10 @@ int halfUp(int n) {
   return (n + 1) / 2;
 }
 
-constexpr int l9 = 6;
-
 // The two conversions of l9 that have a packed pixel even at width 1.
 bool isWidePacked(const Conversion& c, int variant) {
-  return variant == l9 && (c.has("422ToBGR555_8u16u_C2") || c.has("422ToBGR565_8u16u_C2"));
+  return (c.has("422ToBGR555_8u16u_C2") || c.has("422ToBGR565_8u16u_C2")) &&
+         variant == variantNamed("l9");
 }
 
 bool storesThreeBytes(const Conversion& c, int variant, int width) {

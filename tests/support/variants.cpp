@@ -8,16 +8,6 @@
 
 #include "frame/dispatch.h"
 
-extern "C" {
-#define CONVERSION(name, family) extern const void* const name##_table[variantCount];
-#include "frame/conversions.def"
-}
-
-const char* const variantTags[variantCount] = {
-#define VARIANT(tag) #tag,
-#include "frame/variants.def"
-};
-
 namespace {
 
 void reportSkipped(int variant) {
@@ -35,15 +25,6 @@ bool isWanted(int variant) {
 
 }  // namespace
 
-SlotTable slotsOf(const Conversion& conversion) {
-  static const SlotTable tables[] = {
-#define CONVERSION(name, family) name##_table,
-#include "frame/conversions.def"
-  };
-  return tables[std::ranges::find(conversions(), conversion.name, &Conversion::name) -
-                conversions().begin()];
-}
-
 SelectedVariant::SelectedVariant(int variant) : before_(VariantIndex) {
   VariantIndex = variant;
 }
@@ -60,5 +41,15 @@ std::vector<int> runnableVariants() {
     else
       reportSkipped(v);
   }
+  return variants;
+}
+
+std::vector<int> runnableLevels(Kind kind) {
+  std::vector<int> variants;
+  for (const int v : runnableVariants())
+    if (std::ranges::none_of(variants, [&](int earlier) {
+          return kernelLevel(earlier, kind) == kernelLevel(v, kind);
+        }))
+      variants.push_back(v);
   return variants;
 }

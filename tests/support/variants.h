@@ -1,19 +1,40 @@
 // SPDX-License-Identifier: MIT
-// The variants behind the exported names: which there are, which run, and how to take one.
+// The variants behind the exported names: which there are, which run, and how to take one. A
+// variant is a number, its row in frame/variants.def.
 #ifndef TESTS_SUPPORT_VARIANTS_H_
 #define TESTS_SUPPORT_VARIANTS_H_
 
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/calls.h"
 
-inline constexpr int variantCount = 7;
-extern const char* const variantTags[variantCount];
+inline constexpr const char* variantTags[] = {
+#define VARIANT(tag, ...) #tag,
+#include "frame/variants.def"
+};
+inline constexpr int variantCount = static_cast<int>(std::size(variantTags));
 
-// The slot table of a conversion as it stands in the library: entries 0 to 6, and the trampoline at
-// -1.
-using SlotTable = const void* const*;
-SlotTable slotsOf(const Conversion& conversion);
+// The variant with a tag; throws where the table has none.
+inline int variantNamed(std::string_view tag) {
+  for (int v = 0; v < variantCount; ++v)
+    if (tag == variantTags[v]) return v;
+  throw std::invalid_argument("frame/variants.def has no variant '" + std::string(tag) + "'");
+}
+
+// The level whose kernels convert for a variant.
+inline std::string_view kernelLevel(int variant, Kind kind) {
+  static constexpr struct {
+    std::string_view kernels, depthKernels;
+  } levels[] = {
+#define VARIANT(tag, kernels, depth_kernels, ...) {#kernels, #depth_kernels},
+#include "frame/variants.def"
+  };
+  return kind == Kind::Depth ? levels[variant].depthKernels : levels[variant].kernels;
+}
 
 // Whether this machine can run a variant.
 bool machineRuns(int variant);
@@ -21,6 +42,10 @@ bool machineRuns(int variant);
 // The variants that this machine can run, in slot order; the others are reported once, on standard
 // error. PXM_TEST_VARIANTS in the environment, such as "l9" or "mx m7", leaves the others out.
 std::vector<int> runnableVariants();
+
+// Of these the first of each level: variants of one level share their kernels, and a kernel needs
+// no second proof.
+std::vector<int> runnableLevels(Kind kind);
 
 // Stores VariantIndex for the life of the object: every exported name jumps to that variant.
 class SelectedVariant {

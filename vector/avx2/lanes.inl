@@ -7,15 +7,29 @@
 
 #include "vector/sse/lanes.inl"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 struct I16x16 {
+  static constexpr int lanes = 16;
   __m256i v;
 };
 
+// A register of which compilers know nothing. Clang makes other shuffles of those that give zeros,
+// and one store of two, by way of a shuffle: both are slower.
+template <class Register>
+PXM_INLINE Register opaque(Register a) {
+  asm("" : "+x"(a));
+  return a;
+}
+
 template <>
-PXM_INLINE I16x16 all<I16x16>(int value) {
-  return {_mm256_set1_epi16(static_cast<short>(value))};
+PXM_INLINE I16x16 broadcast<I16x16>(int value) {
+  const __m256i lanes = _mm256_set1_epi16(static_cast<short>(value));
+#ifdef __clang__
+  return {opaque(lanes)};
+#else
+  return {lanes};
+#endif
 }
 
 PXM_INLINE I16x16 operator+(I16x16 a, I16x16 b) {
@@ -77,6 +91,10 @@ PXM_INLINE I16x16 loadHalves(const uint8_t* low, const uint8_t* high) {
 PXM_INLINE I16x16 load16Lanes(const uint8_t* p) {
   return {_mm256_loadu_si256(reinterpret_cast<const __m256i*>(p))};
 }
+template <>
+PXM_INLINE I16x16 loadPixels<I16x16>(const uint8_t* p) {
+  return load16Lanes(p);
+}
 PXM_INLINE void storePixels(uint8_t* p, I16x16 pixels) {
   _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), pixels.v);
 }
@@ -89,25 +107,25 @@ PXM_INLINE I16x8 highHalf(I16x16 a) {
 }
 
 // Within each half.
-PXM_INLINE I16x16 narrowed(I16x16 a, I16x16 b) {
+PXM_INLINE I16x16 packUnsigned(I16x16 a, I16x16 b) {
   return {_mm256_packus_epi16(a.v, b.v)};
 }
-PXM_INLINE I16x16 lowLanesInTurn(I16x16 a, I16x16 b) {
+PXM_INLINE I16x16 interleaveLowLanes(I16x16 a, I16x16 b) {
   return {_mm256_unpacklo_epi16(a.v, b.v)};
 }
-PXM_INLINE I16x16 highLanesInTurn(I16x16 a, I16x16 b) {
+PXM_INLINE I16x16 interleaveHighLanes(I16x16 a, I16x16 b) {
   return {_mm256_unpackhi_epi16(a.v, b.v)};
 }
 PXM_INLINE I16x16 subtractBytes(I16x16 a, I16x16 b) {  // to 0 at the least
   return {_mm256_subs_epu8(a.v, b.v)};
 }
-PXM_INLINE I16x16 lowBytesInTurn(I16x16 a, I16x16 b) {
+PXM_INLINE I16x16 interleaveLowBytes(I16x16 a, I16x16 b) {
   return {_mm256_unpacklo_epi8(a.v, b.v)};
 }
-PXM_INLINE I16x16 highBytesInTurn(I16x16 a, I16x16 b) {
+PXM_INLINE I16x16 interleaveHighBytes(I16x16 a, I16x16 b) {
   return {_mm256_unpackhi_epi8(a.v, b.v)};
 }
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Eight 16-bit lanes in one 128-bit register, and the operations that the chains use. Compiled with
-// VEX flags the same text is the three-operand form.
+// VEX flags the same source is the three-operand form.
 #ifndef PXM_VECTOR_SSE_LANES_INL
 #define PXM_VECTOR_SSE_LANES_INL
 
@@ -8,18 +8,17 @@
 #include <stdint.h>
 #include <string.h>
 
-#include "frame/variant.h"
+#include "vector/lane.inl"
 
-PXM_TEXT_BEGIN
+PXM_LEVEL_BEGIN
 
 struct I16x8 {
+  static constexpr int lanes = 8;
   __m128i v;
 };
 
-template <class L>
-L all(int value);
 template <>
-PXM_INLINE I16x8 all<I16x8>(int value) {
+PXM_INLINE I16x8 broadcast<I16x8>(int value) {
   return {_mm_set1_epi16(static_cast<short>(value))};
 }
 
@@ -71,9 +70,9 @@ PXM_INLINE I16x8 addNeighbours(I16x8 a, I16x8 b) {
   return {_mm_packs_epi32(_mm_madd_epi16(a.v, factors), _mm_madd_epi16(b.v, factors))};
 }
 
-// The lanes of a and then those of b as bytes, clamped to 0 to 255.
-PXM_INLINE __m128i saturatedBytes(I16x8 a, I16x8 b) {
-  return _mm_packus_epi16(a.v, b.v);
+// The lanes of a and then those of b as bytes, with unsigned saturation.
+PXM_INLINE I16x8 packUnsigned(I16x8 a, I16x8 b) {
+  return {_mm_packus_epi16(a.v, b.v)};
 }
 
 // n bytes from any address, in the low bytes of a register; the others are zero.
@@ -93,16 +92,19 @@ PXM_INLINE I16x8 inHighBytes(__m128i bytes) {
   return {_mm_unpacklo_epi8(_mm_setzero_si128(), bytes)};
 }
 
-// Each of the low eight bytes twice, side by side.
-PXM_INLINE __m128i doubled(__m128i bytes) {
+// Each of the low eight bytes twice.
+PXM_INLINE __m128i duplicateBytes(__m128i bytes) {
   return _mm_unpacklo_epi8(bytes, bytes);
 }
 
-template <class L>
-L loadLanes(const void* p);
 template <>
 PXM_INLINE I16x8 loadLanes<I16x8>(const void* p) {
   return {_mm_loadu_si128(static_cast<const __m128i*>(p))};
+}
+
+template <>
+PXM_INLINE I16x8 loadPixels<I16x8>(const uint8_t* p) {
+  return {loadBytes<16>(p)};
 }
 
 // The upper eight bytes as the lower.
@@ -110,12 +112,12 @@ PXM_INLINE __m128i upperBytes(__m128i bytes) {
   return _mm_unpackhi_epi64(bytes, bytes);
 }
 
-// Sixteen pixels of three bytes as three planes. One round brings bytes i and i + 24 of 48 side by
-// side; after four, the first of which is done by the loads, the bytes of a plane are neighbours.
+// Sixteen pixels of three bytes as three planes. One round interleaves bytes i and i + 24 of 48;
+// after four, the first of which is done by the loads, the bytes of a plane are neighbours.
 struct Planes16 {
   __m128i first, second, third;
 
-  PXM_INLINE void regroup() {
+  PXM_INLINE void deinterleave() {
     const __m128i a = _mm_unpacklo_epi8(first, upperBytes(second));
     const __m128i b = _mm_unpacklo_epi8(upperBytes(first), third);
     third = _mm_unpacklo_epi8(second, upperBytes(third));
@@ -124,15 +126,16 @@ struct Planes16 {
   }
 };
 
-PXM_INLINE __m128i sideBySide(const uint8_t* p, const uint8_t* q) {
+PXM_INLINE __m128i loadInterleaved(const uint8_t* p, const uint8_t* q) {
   return _mm_unpacklo_epi8(loadBytes<8>(p), loadBytes<8>(q));
 }
 
 PXM_INLINE Planes16 planesOfSixteen(const uint8_t* p) {
-  Planes16 planes = {sideBySide(p, p + 24), sideBySide(p + 8, p + 32), sideBySide(p + 16, p + 40)};
-  planes.regroup();
-  planes.regroup();
-  planes.regroup();
+  Planes16 planes = {loadInterleaved(p, p + 24), loadInterleaved(p + 8, p + 32),
+                     loadInterleaved(p + 16, p + 40)};
+  planes.deinterleave();
+  planes.deinterleave();
+  planes.deinterleave();
   return planes;
 }
 
@@ -158,35 +161,31 @@ PXM_INLINE void storePixels(uint8_t* p, I16x8 pixels) {
   storeBytes<2 * n>(p, pixels.v);
 }
 
-// Bytes of a and b in turn: of their lower and of their upper halves.
-PXM_INLINE __m128i inTurn(__m128i a, __m128i b) {
+// Bytes of a and b interleaved: of their lower and of their upper halves.
+PXM_INLINE __m128i interleaveLowBytes(__m128i a, __m128i b) {
   return _mm_unpacklo_epi8(a, b);
 }
-PXM_INLINE __m128i upperInTurn(__m128i a, __m128i b) {
+PXM_INLINE __m128i interleaveHighBytes(__m128i a, __m128i b) {
   return _mm_unpackhi_epi8(a, b);
 }
 
-// The same of lanes of two bytes, by the names that registers of any width share: saturatedBytes,
-// inTurn and upperInTurn, lanes in turn.
-PXM_INLINE I16x8 narrowed(I16x8 a, I16x8 b) {
-  return {saturatedBytes(a, b)};
-}
-PXM_INLINE I16x8 lowLanesInTurn(I16x8 a, I16x8 b) {
+// The same of lanes, by the names that registers of any width share.
+PXM_INLINE I16x8 interleaveLowLanes(I16x8 a, I16x8 b) {
   return {_mm_unpacklo_epi16(a.v, b.v)};
 }
-PXM_INLINE I16x8 highLanesInTurn(I16x8 a, I16x8 b) {
+PXM_INLINE I16x8 interleaveHighLanes(I16x8 a, I16x8 b) {
   return {_mm_unpackhi_epi16(a.v, b.v)};
 }
 PXM_INLINE I16x8 subtractBytes(I16x8 a, I16x8 b) {  // to 0 at the least
   return {_mm_subs_epu8(a.v, b.v)};
 }
-PXM_INLINE I16x8 lowBytesInTurn(I16x8 a, I16x8 b) {
-  return {inTurn(a.v, b.v)};
+PXM_INLINE I16x8 interleaveLowBytes(I16x8 a, I16x8 b) {
+  return {interleaveLowBytes(a.v, b.v)};
 }
-PXM_INLINE I16x8 highBytesInTurn(I16x8 a, I16x8 b) {
-  return {upperInTurn(a.v, b.v)};
+PXM_INLINE I16x8 interleaveHighBytes(I16x8 a, I16x8 b) {
+  return {interleaveHighBytes(a.v, b.v)};
 }
 
-PXM_TEXT_END
+PXM_LEVEL_END
 
 #endif

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "vector/decode/folded_dither.h"
+
+#include "decode/dither_matrix.h"
+
+namespace pxm {
+namespace {
+
+struct Numbers {
+  int bias, factor, offset;
+};
+
+// The level of each component at one place of the matrix, as the dither defines it.
+struct Levels {
+  int of[256];
+};
+
+constexpr Levels levelsAt(int bits, int threshold) {
+  const int most = (1 << bits) - 1;
+  const int step = bits == 4 ? 4352 : bits == 5 ? 2105 : 1036;
+  if (bits == 6) threshold >>= 1;
+  Levels levels = {};
+  for (int v = 0; v < 256; ++v) {
+    const int below = v * most >> 8;
+    levels.of[v] = below + (threshold < v * 256 - below * step);
+  }
+  return levels;
+}
+
+struct Interval {
+  int64_t least, most;
+  constexpr void narrow(int64_t from, int64_t to) {
+    if (least < from) least = from;
+    if (most > to) most = to;
+  }
+};
+
+// How the levels of one component are folded: components every `step` sixteenths.
+struct Folding {
+  int bits, step;
+  constexpr int white(int offset) const { return (255 - offset) >> (8 - bits); }
+};
+
+// The least sum of component and bias that makes a byte.
+constexpr int64_t sumFor(int64_t byte, int factor) {
+  return ((byte << 16) + factor - 1) / factor;
+}
+
+// The biases that give the levels with the other numbers. `change` comes off the bias from 128 on.
+constexpr Interval biasesFor(const Levels& levels, Folding folding, int factor, int offset,
+                             int change) {
+  const int shift = 8 - folding.bits;
+  Interval biases = {0, 4095};
+  for (int x = 0; x < 4096 && biases.least <= biases.most; x += folding.step) {
+    const int64_t level = levels.of[x >> 4];
+    const int unbiased = x < 2048 ? x : x - change;
+    const int64_t first = sumFor((level << shift) + offset, factor);
+    const int64_t next = sumFor(((level + 1) << shift) + offset, factor);
+    if (level > 0) biases.narrow(first - unbiased, 4095);
+    if (level < levels.of[255]) biases.narrow(0, next - 1 - unbiased);
+  }
+  return biases;
+}
+
+// Numbers with a factor near the slope of the levels.
+constexpr Numbers fold(Folding folding, int threshold, int change) {
+  const int slope = 4096 * (255 - (255 >> folding.bits)) / 255;
+  const Levels levels = levelsAt(folding.bits, threshold);
+  for (int offset = 0; offset < 8; ++offset) {
+    if (folding.white(offset) != levels.of[255]) continue;
+    for (int factor = slope + 8; factor > slope - 24; --factor) {
+      const Interval biases = biasesFor(levels, folding, factor, offset, change);
+      if (biases.least <= biases.most) return {static_cast<int>(biases.least), factor, offset};
+    }
+  }
+  return {0, 0, 0};
+}
+
+constexpr FoldedDither foldAll(Folding folding, const int32_t (&matrix)[4][4]) {
+  FoldedDither folded = {};
+  for (int row = 0; row < 4; ++row)
+    for (int column = 0; column < 4; ++column) {
+      const bool changesSlope = folding.bits == 6 && row == 0 && column == 2;
+      const Numbers n = fold(folding, matrix[row][column], changesSlope ? slopeChange6 : 0);
+      for (int lane = column >> 1; lane < 8; lane += 2) {
+        folded.bias[row][column & 1][lane] = static_cast<int16_t>(n.bias);
+        folded.factor[row][column & 1][lane] = static_cast<int16_t>(n.factor);
+        folded.offset[row][column & 1][lane] = static_cast<uint8_t>(n.offset);
+      }
+    }
+  return folded;
+}
+
+template <class Number>
+constexpr int otherThanZero(const Number (&numbers)[4][2][8]) {
+  int count = 0;
+  for (const auto& row : numbers)
+    for (const auto& columns : row)
+      for (const Number n : columns) count += n != 0;
+  return count;
+}
+
+constexpr int32_t matrix444[4][4] = PXM_DITHER_MATRIX_444;
+constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
+
+constexpr FoldedDither folded4 = foldAll({4, 1}, matrix444);
+constexpr FoldedDither folded5 = foldAll({5, 16}, matrix555);
+constexpr FoldedDither folded6 = foldAll({6, 16}, matrix555);
+static_assert(otherThanZero(folded4.factor) == 64 && otherThanZero(folded5.factor) == 64 &&
+              otherThanZero(folded6.factor) == 64);
+static_assert(otherThanZero(folded4.offset) == 0 && otherThanZero(folded5.offset) == 0);
+
+}  // namespace
+
+constinit const FoldedDither foldedDither4 = folded4;
+constinit const FoldedDither foldedDither5 = folded5;
+constinit const FoldedDither foldedDither6 = folded6;
+
+}  // namespace pxm
