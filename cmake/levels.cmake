@@ -8,10 +8,15 @@ set(PXM_CODE_FLAGS
   -march=x86-64 -mtune=generic
   -mno-sse3 -mno-avx -mno-fma -mno-bmi -mno-bmi2 -mno-lzcnt -mno-popcnt -mno-movbe
   -fno-lto
-  -fcf-protection=full
   -fvisibility=hidden
   -fno-stack-protector            # pure computation without arrays on the stack; needs no runtime
   $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>)
+if(WIN32)
+  # Nothing is imported, so nothing is reached through a pointer that the loader fills.
+  list(APPEND PXM_CODE_FLAGS -mcmodel=small)
+else()
+  list(APPEND PXM_CODE_FLAGS -fcf-protection=full)
+endif()
 
 # Scalar code stays scalar, floats are rounded at every step. Registers that a structure holds stay
 # registers however many they are.
@@ -20,6 +25,13 @@ set(PXM_KERNEL_FLAGS
   $<$<CXX_COMPILER_ID:GNU>:-fno-tree-vectorize>
   $<$<CXX_COMPILER_ID:GNU>:--param=sra-max-scalarization-size-Ospeed=2048>
   $<$<NOT:$<CXX_COMPILER_ID:GNU>>:-fno-vectorize;-fno-slp-vectorize>)
+
+# Windows aligns the stack to 16 bytes, and GCC there moves registers of 32 bytes to and from it as if
+# it were aligned to 32. Clang aligns it.
+set(wide_stack "")
+if(WIN32)
+  set(wide_stack $<$<CXX_COMPILER_ID:GNU>:-Wa,-muse-unaligned-vector-move>)
+endif()
 
 # The levels. Those of SIMD define PXM_SIMD; PXM_SMALL asks for the smaller of two ways, and so do the
 # flags of in-order processors: rolled loops, nothing aligned, nothing moved ahead of a loop.
@@ -32,9 +44,9 @@ set(pxm_level_sse2 -DPXM_SIMD -msse2)
 set(pxm_level_sse2_in_order ${in_order} -msse2)
 set(pxm_level_ssse3 -DPXM_SIMD -mssse3)
 set(pxm_level_ssse3_in_order ${in_order} -mssse3)
-set(pxm_level_avx -DPXM_SIMD -mavx -mprefer-vector-width=128)
+set(pxm_level_avx -DPXM_SIMD -mavx -mprefer-vector-width=128 ${wide_stack})
 # Without the last flag GCC makes wide constants from general registers, inside the loops.
-set(pxm_level_avx2 -DPXM_SIMD -mavx2 -mbmi2
+set(pxm_level_avx2 -DPXM_SIMD -mavx2 -mbmi2 ${wide_stack}
   $<$<CXX_COMPILER_ID:GNU>:-mtune-ctrl=^inter_unit_moves_to_vec>)
 
 function(pxm_add_objects name)

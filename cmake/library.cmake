@@ -17,18 +17,17 @@ target_include_directories(pxmcc90lgc PUBLIC
 # Nothing of the C++ runtime is used; CMake would name it for any library with C++ units.
 set(CMAKE_CXX_IMPLICIT_LINK_LIBRARIES "")
 
-# Linked by the C driver, without start files and libraries: the library calls nothing, and the
-# start files of a distribution may lack the mark for indirect-branch tracking.
+# Linked by the C driver, without start files and libraries: the library calls nothing.
 set_target_properties(pxmcc90lgc PROPERTIES
   LINKER_LANGUAGE C
-  INTERPROCEDURAL_OPTIMIZATION OFF
-  LINK_DEPENDS ${PROJECT_SOURCE_DIR}/frame/exports.map)
-target_link_options(pxmcc90lgc PRIVATE
-  -Wl,--version-script=${PROJECT_SOURCE_DIR}/frame/exports.map
-  -Wl,-z,relro,-z,now,-z,noexecstack,-z,text)
+  INTERPROCEDURAL_OPTIMIZATION OFF)
 if(PXMCC90LGC_SANITIZE)
   target_link_options(pxmcc90lgc PRIVATE ${PXM_SANITIZER_FLAGS})
 else()
-  target_link_options(pxmcc90lgc PRIVATE
-    -nostartfiles -nostdlib -Wl,-z,defs,-z,ibt,-z,shstk,-z,cet-report=error)
+  target_link_options(pxmcc90lgc PRIVATE -nostartfiles -nostdlib)
+endif()
+if(WIN32)
+  include(cmake/library_windows.cmake)
+else()
+  include(cmake/library_elf.cmake)
 endif()

@@ -7,6 +7,11 @@
 #include <cstring>
 #include <new>
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 namespace examples {
 
 namespace {
@@ -57,6 +62,11 @@ void printToStandardOutput(std::string_view text) {
 }
 
 int runProgram(const char* name, void (*body)(int argc, char** argv), int argc, char** argv) {
+#ifdef _WIN32
+  // Clips and pictures are no text.
+  _setmode(_fileno(stdin), _O_BINARY);
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
   try {
     body(argc, argv);
     return 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "output_file.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -13,7 +14,17 @@ namespace examples {
 
 namespace {
 
+#ifndef O_BINARY  // Windows alone has files that are not
+#define O_BINARY 0
+#endif
+
 constexpr int kTemporaryNames = 1000;
+
+// Null, with errno set, if the file is there already.
+std::FILE* openNewFile(const std::string& path) {
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_BINARY, 0666);
+  return file < 0 ? nullptr : fdopen(file, "wb");
+}
 
 bool existsAsSpecialFile(const std::string& path) {
   std::error_code error;
@@ -59,12 +70,11 @@ OutputFile::~OutputFile() {
 
 // The temporary name does not contain the target's, which may be as long as a name can be.
 void OutputFile::openTemporary() {
-  const size_t slash = path_.rfind('/');
-  const std::string directory = slash == std::string::npos ? "" : path_.substr(0, slash + 1);
-  const std::string stem = directory + ".unfinished-" + std::to_string(getpid()) + "-";
+  const std::string plain = ".unfinished-" + std::to_string(getpid()) + "-";
+  const std::string stem = (std::filesystem::path(path_).parent_path() / plain).string();
   for (int i = 0; i < kTemporaryNames && file_ == nullptr; ++i) {
     const std::string name = stem + std::to_string(i);
-    file_ = std::fopen(name.c_str(), "wbx");
+    file_ = openNewFile(name);
     if (file_ != nullptr) {
       temporary_ = name;
     } else if (errno != EEXIST) {
@@ -92,8 +102,10 @@ void OutputFile::commit() {
   if (temporary_.empty()) {
     return;
   }
-  if (std::rename(temporary_.c_str(), path_.c_str()) != 0) {
-    throw Failure(systemFailure("write", path_, errno));
+  std::error_code error;
+  std::filesystem::rename(temporary_, path_, error);
+  if (error) {
+    throw Failure(systemFailure("write", path_, error.default_error_condition().value()));
   }
   temporary_.clear();
 }

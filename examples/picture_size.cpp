@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "picture_size.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#undef min
+#undef max
+#else
 #include <unistd.h>
+#endif
 
+#include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <string>
@@ -22,12 +29,20 @@ int paddedSide(int side, int least, int multiple) {
   return static_cast<int>(std::min<long long>(whole, INT_MAX));
 }
 
+#ifdef _WIN32
+size_t machineMemory() {
+  MEMORYSTATUSEX status = {};
+  status.dwLength = sizeof status;
+  return GlobalMemoryStatusEx(&status) ? status.ullTotalPhys : SIZE_MAX;
+}
+#else
 size_t machineMemory() {
   const long pages = sysconf(_SC_PHYS_PAGES);
   const long pageSize = sysconf(_SC_PAGESIZE);
   return pages > 0 && pageSize > 0 ? static_cast<size_t>(pages) * static_cast<size_t>(pageSize)
                                    : SIZE_MAX;
 }
+#endif
 
 std::string picturesOf(Size size) {
   return "pictures of " + std::to_string(size.width) + "x" + std::to_string(size.height) +

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "frame/dispatch.h"
 
+#include "frame/export.h"
+
 constinit int32_t VariantIndex = -1;
 
 namespace pxm {
@@ -77,4 +79,4 @@ pxmStatus pxmStartUp() {
   return pxm::startUp(pxm::thisProcessor, pxm::featureMaskCache);
 }
 
-extern "C" [[gnu::visibility("default"), gnu::alias("pxmStartUp")]] pxmStatus legacy90pxmccInit();
+extern "C" PXM_EXPORT [[gnu::alias("pxmStartUp")]] pxmStatus legacy90pxmccInit();

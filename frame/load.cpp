@@ -6,7 +6,10 @@ int pxmLibraryEntry(void*, unsigned reason, void*) {
   return 1;
 }
 
-// The loader's notification on this platform: it has no others.
+// Windows calls pxmLibraryEntry itself, which is the entry point of the library's file. An ELF
+// object is notified of its load and of nothing else.
+#ifdef __ELF__
 [[gnu::constructor]] static void atLoad() {
   (void)pxmLibraryEntry(nullptr, pxm::processAttach, nullptr);
 }
+#endif

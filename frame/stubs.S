@@ -3,82 +3,42 @@
 
    A stub is one load and one indirect jump: no test, no argument touched, nothing on the stack. As
    long as no variant is chosen, VariantIndex is -1 and the jump leads to the trampoline, which
-   starts the library and falls through into the stub. */
-#include <cet.h>
+   starts the library and falls through into the stub. Both use rax and r11, which carry no argument
+   in either convention.
 
-#ifndef __ELF__
-#error "the stubs are laid out for ELF"
+   What differs between systems is in the file included here: LazyStartThunk, which keeps the
+   registers that carry arguments around a start-up whose status nobody sees, and these macros:
+
+     TABLE name                begins the table, behind its entry -1
+     END_OF_TABLE name
+     SLOT entry                one address in a table
+     TRAMPOLINE_AND_STUB name  begins their code
+     EXPORT symbol             the stub's name in front of its code
+     END_OF_STUB name, symbol
+     TARGET                    what an indirect jump must meet */
+#ifdef __ELF__
+#include "frame/stubs_elf.inc"
+#else
+#include "frame/stubs_pe.inc"
 #endif
 
-        .hidden VariantIndex
-        .hidden pxmStartUp
-
-/* Keeps the six integer argument registers, which are all that an export's arguments use, around a
-   start-up whose status nobody sees. Alignment: the caller's call, the trampoline's call and six
-   pushes make 64 bytes. */
-        .text
-        .p2align 4
-        .hidden LazyStartThunk
-        .globl  LazyStartThunk
-        .type   LazyStartThunk, @function
-LazyStartThunk:
-        .cfi_startproc
-        .irp    register, rdi, rsi, rdx, rcx, r8, r9
-        pushq   %\register
-        .cfi_adjust_cfa_offset 8
-        .endr
-        call    pxmStartUp
-        .irp    register, r9, r8, rcx, rdx, rsi, rdi
-        popq    %\register
-        .cfi_adjust_cfa_offset -8
-        .endr
-        ret
-        .cfi_endproc
-        .size   LazyStartThunk, . - LazyStartThunk
-
-/* The tables hold addresses that the loader relocates, so they stand in data that is read-only
-   afterwards; slots 0 to 6 hold the entries of the variants. Trampoline and stub take 31 bytes
-   together: a stub lies in one line of the instruction cache. */
 #define VARIANT(tag, ...) SLOT \name\()_##tag
-        .macro  SLOT entry
-        .hidden \entry
-        .quad   \entry
-        .endm
 
         .macro  STUB prefix, name
-        .section .data.rel.ro, "aw", @progbits
-        .balign 8
-        .hidden \name\()_table
-        .globl  \name\()_table
-        .type   \name\()_table, @object
-        .quad   \name\()_trampoline
-\name\()_table:
+        TABLE   \name
 #include "frame/variants.def"
-        .size   \name\()_table, . - \name\()_table
-
-        .text
-        .p2align 5
-        .type   \name\()_trampoline, @function
-\name\()_trampoline:
-        .cfi_startproc
-        _CET_ENDBR
+        END_OF_TABLE \name
+        TRAMPOLINE_AND_STUB \name
+        TARGET
         call    LazyStartThunk
-        .cfi_endproc
-        .size   \name\()_trampoline, . - \name\()_trampoline
-        .globl  \prefix\name
-        .type   \prefix\name, @function
-\prefix\name:
-        .cfi_startproc
-        _CET_ENDBR
+        EXPORT  \prefix\name
+        TARGET
         movslq  VariantIndex(%rip), %rax
         leaq    \name\()_table(%rip), %r11
         jmp     *(%r11,%rax,8)
-        .cfi_endproc
-        .size   \prefix\name, . - \prefix\name
+        END_OF_STUB \name, \prefix\name
         .endm
 
 #define DISPATCHED_SERVICE(name) STUB legacy90pxmcc, name
 #define CONVERSION(name, family) STUB legacy90pxmi, name
 #include "frame/conversions.def"
-
-        .section .note.GNU-stack, "", @progbits

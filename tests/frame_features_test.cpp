@@ -2,9 +2,6 @@
 // The feature mask on made-up processors: it is a function of what CPUID and XCR0 answer.
 #include <cpuid.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstddef>
 #include <cstring>
@@ -14,6 +11,7 @@
 
 #include "frame/dispatch.h"
 #include "frame/features.h"
+#include "tests/support/pages.h"
 
 namespace {
 
@@ -318,49 +316,23 @@ TEST(ThisProcessor, AnswersByLeafAndSubLeaf) {
   EXPECT_EQ(pxm::thisProcessor.HasCpuId(), 1);
 }
 
-// The two stores of the cache, as page faults see them: the mask lies at the end of one read-only
-// page, its valid flag at the start of the next.
-class CacheStores : public testing::Test {
- protected:
-  CacheStores()
-      : pages(static_cast<char*>(mmap(nullptr, 2 * pageSize, PROT_READ | PROT_WRITE,
-                                      MAP_PRIVATE | MAP_ANONYMOUS, -1, 0))) {
-    watched = pages;
-    faults = 0;
-    struct sigaction action = {};
-    action.sa_sigaction = [](int, siginfo_t* info, void*) {
-      const long page = (static_cast<char*>(info->si_addr) - watched) / pageSize;
-      if (page < 0 || page > 1 || faults == 2) _exit(3);
-      pageOfFault[faults++] = page;
-      mprotect(watched + page * pageSize, pageSize, PROT_READ | PROT_WRITE);
-    };
-    action.sa_flags = SA_SIGINFO;
-    sigaction(SIGSEGV, &action, &before);
-  }
-  ~CacheStores() override {
-    sigaction(SIGSEGV, &before, nullptr);
-    munmap(pages, 2 * pageSize);
-  }
-
-  static constexpr long pageSize = 4096;
-  static inline char* watched;
-  static inline int faults;
-  static inline long pageOfFault[2];
-  char* pages;
-  struct sigaction before;
-};
-
-TEST_F(CacheStores, TheMaskComesBeforeTheFlagThatVouchesForIt) {
+// As page faults see them: the mask lies at the end of one read-only page, its valid flag at the
+// start of the next.
+TEST(CacheStores, TheMaskComesBeforeTheFlagThatVouchesForIt) {
+  char* const pages = static_cast<char*>(reservePages(2 * pageSize()));
+  ASSERT_NE(pages, nullptr);
   auto* cache =
-      reinterpret_cast<FeatureMaskCache*>(pages + pageSize - sizeof(FeatureMaskCache::mask));
+      reinterpret_cast<FeatureMaskCache*>(pages + pageSize() - sizeof(FeatureMaskCache::mask));
   static_assert(offsetof(FeatureMaskCache, valid) == sizeof(FeatureMaskCache::mask));
-  mprotect(pages, 2 * pageSize, PROT_READ);
+  ASSERT_TRUE(setAccess(pages, 2 * pageSize(), Access::Read));
   uint64_t mask;
-  EXPECT_EQ(pxm::DetectFeatures(pxm::thisProcessor, *cache, &mask), 1u);
-  ASSERT_EQ(faults, 2);
-  EXPECT_EQ(pageOfFault[0], 0);
-  EXPECT_EQ(pageOfFault[1], 1);
+  {
+    const WatchedPages watched(pages, 2);
+    EXPECT_EQ(pxm::DetectFeatures(pxm::thisProcessor, *cache, &mask), 1u);
+    EXPECT_EQ(watched.order(), (std::vector<std::size_t>{0, 1}));
+  }
   EXPECT_EQ(cache->mask, mask);
+  releasePages(pages, 2 * pageSize());
 }
 
 TEST(EnabledFeatures, TestWantsEveryBit) {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <barrier>
 #include <cstdint>
 #include <thread>
 #include <vector>
 
 #include "frame/dispatch.h"
 #include "tests/support/calls.h"
+#include "tests/support/meeting.h"
 
 extern "C" void LazyStartThunk();
 
@@ -109,14 +109,14 @@ TEST(Trampoline, ManyThreadsMeetInIt) {
   constexpr int threadCount = 8, rounds = 200;
   legacy90pxmccInit();
   const int chosen = VariantIndex;
-  std::barrier together(threadCount, []() noexcept { forgetStartUp(); });
+  Meeting together(threadCount, forgetStartUp);
   std::atomic<int> wrong = 0;
   {
     std::vector<std::jthread> threads;
     for (int i = 0; i < threadCount; ++i)
       threads.emplace_back([&] {
         for (int round = 0; round < rounds; ++round) {
-          together.arrive_and_wait();
+          together.arriveAndWait();
           GreyPair grey;
           if (grey.convert() != pxmStatusOk || !grey.isConverted()) ++wrong;
           if (__atomic_load_n(&VariantIndex, __ATOMIC_RELAXED) != chosen) ++wrong;

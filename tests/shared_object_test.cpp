@@ -1,32 +1,35 @@
 // SPDX-License-Identifier: MIT
-// The shared object itself, opened as a program would.
-#include <dlfcn.h>
+// The shared library itself, opened as a program would.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <set>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "include/pxmcc90lgc.h"
-#include "tests/support/hidden_symbols.h"
+#include "tests/support/meeting.h"
+#include "tests/support/shared_library.h"
 #include "tests/support/variants.h"
 
 namespace {
 
 class SharedObject : public testing::Test {
  protected:
-  SharedObject() : handle(dlopen(PXM_LIBRARY, RTLD_NOW | RTLD_LOCAL)) {
-    if (handle != nullptr) symbols = hiddenSymbols(handle);
+  SharedObject() : library(openLibrary(PXM_LIBRARY)) {
+    if (library != nullptr) symbols = hiddenSymbols(library);
   }
   ~SharedObject() override {
-    if (handle != nullptr) dlclose(handle);
+    if (library != nullptr) closeLibrary(library);
   }
-  void SetUp() override { ASSERT_NE(handle, nullptr) << dlerror(); }
+  void SetUp() override { ASSERT_NE(library, nullptr) << openFailure(); }
 
   template <class Function>
-  Function* exported(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(handle, name));
+  Function* exported(const std::string& name) {
+    return reinterpret_cast<Function*>(exportedSymbol(library, name));
   }
 
   // Of the object's symbol table, hidden ones included; null if there is no such name.
@@ -36,7 +39,7 @@ class SharedObject : public testing::Test {
     return found == symbols.end() ? nullptr : static_cast<T*>(found->second);
   }
 
-  void* handle;
+  void* library;
   std::map<std::string, void*> symbols;
 };
 
@@ -48,9 +51,9 @@ TEST_F(SharedObject, IsStartedWhenItIsLoaded) {
 }
 
 TEST_F(SharedObject, KeepsVariantIndexOutOfItsExports) {
-  EXPECT_EQ(dlsym(handle, "VariantIndex"), nullptr);
-  EXPECT_EQ(dlsym(handle, "LazyStartThunk"), nullptr);
-  EXPECT_NE(dlsym(handle, "legacy90pxmccInit"), nullptr);
+  EXPECT_EQ(exportedSymbol(library, "VariantIndex"), nullptr);
+  EXPECT_EQ(exportedSymbol(library, "LazyStartThunk"), nullptr);
+  EXPECT_NE(exportedSymbol(library, "legacy90pxmccInit"), nullptr);
 }
 
 TEST_F(SharedObject, TakesTheTrampolineAsLongAsNothingIsChosen) {
@@ -96,6 +99,49 @@ TEST_F(SharedObject, EverySlotLeadsToTheEntryOfItsVariant) {
     }
   }
   EXPECT_EQ(entries.size(), conversions().size() * variantCount);
+}
+
+// Threads whose first calls meet in the trampolines, each of another export.
+TEST_F(SharedObject, FirstCallsComeFromManyThreads) {
+  constexpr int threadCount = 8, rounds = 100;
+  auto* const index = hidden<std::int32_t>("VariantIndex");
+  ASSERT_NE(index, nullptr);
+  const std::int32_t chosen = *index;
+  using Convert = pxmStatus(const unsigned char*, int, unsigned short*, int, pxmSize);
+  std::vector<Convert*> converts;
+  for (const Conversion& conversion : conversions())
+    if (conversion.has("YCbCrTo") && conversion.has("_C3R"))
+      converts.push_back(exported<Convert>("legacy90pxmi" + std::string(conversion.name)));
+  ASSERT_EQ(converts.size(), 12u);
+  Meeting together(threadCount, [&] { *index = -1; });
+  std::atomic<int> wrong = 0;
+  {
+    std::vector<std::jthread> threads;
+    for (std::size_t i = 0; i < threadCount; ++i)
+      threads.emplace_back([&, i] {
+        for (int round = 0; round < rounds; ++round) {
+          together.arriveAndWait();
+          const unsigned char black[3] = {16, 128, 128};
+          unsigned short pixel = 0x5A5A;
+          if (converts[i](black, 3, &pixel, 2, {1, 1}) != 0 || pixel != 0) ++wrong;
+          if (__atomic_load_n(index, __ATOMIC_RELAXED) != chosen) ++wrong;
+        }
+      });
+  }
+  EXPECT_EQ(wrong, 0);
+}
+
+// Each load starts the library anew, and nothing of it stays behind.
+TEST(SharedObjectLife, AHundredTimesLoadedAndUnloaded) {
+  for (int i = 0; i < 100; ++i) {
+    void* const library = openLibrary(PXM_LIBRARY);
+    ASSERT_NE(library, nullptr) << i;
+    const auto version = reinterpret_cast<const pxmVersionRecord* (*)()>(
+        exportedSymbol(library, "legacy90pxmccGetLibVersion"));
+    ASSERT_NE(version, nullptr) << i;
+    EXPECT_GE(variantNamed(version()->variantTag), 0) << i;
+    closeLibrary(library);
+  }
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 // products and some do not; rows stand where each rule puts them, in a large reserved range of
 // addresses of which only those pages are mapped.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <cstdint>
 #include <cstring>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "include/pxmcc90lgc.h"
+#include "tests/support/pages.h"
 
 namespace {
 
@@ -21,10 +21,8 @@ constexpr int pitch = 1 << 30;
 // Addresses from -8 to +8 GiB around `origin`, without memory.
 class Range {
  public:
-  Range()
-      : all_(static_cast<std::uint8_t*>(mmap(
-            nullptr, 16 * GiB, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0))) {}
-  ~Range() { munmap(all_, 16 * GiB); }
+  Range() : all_(static_cast<std::uint8_t*>(reservePages(16 * GiB))) {}
+  ~Range() { releasePages(all_, 16 * GiB); }
   Range(const Range&) = delete;
   Range& operator=(const Range&) = delete;
 
@@ -34,7 +32,7 @@ class Range {
   std::uint8_t* page(std::int64_t offset, std::uint8_t value = 0) {
     if (!pages_[offset]) {
       pages_[offset] = true;
-      mprotect(origin() + offset, 4096, PROT_READ | PROT_WRITE);
+      setAccess(origin() + offset, 4096, Access::ReadWrite);
       std::memset(origin() + offset, value, 4096);
     }
     return origin() + offset;

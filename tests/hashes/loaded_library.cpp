@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/hashes/loaded_library.h"
 
-#include <dlfcn.h>
-
 #include <stdexcept>
 
 #include "tests/support/argument_lists.h"
-#include "tests/support/hidden_symbols.h"
+#include "tests/support/shared_library.h"
 
 namespace {
 
@@ -26,16 +24,10 @@ const LoadedConversion allConversions[] = {
 #undef ROW
 };
 
-// A name alone would be looked for among the installed libraries.
-std::string withFolder(const std::string& path) {
-  return path.find('/') == std::string::npos ? "./" + path : path;
-}
-
 }  // namespace
 
-LoadedLibrary::LoadedLibrary(const std::string& path)
-    : handle_(dlopen(withFolder(path).c_str(), RTLD_NOW | RTLD_LOCAL)) {
-  if (handle_ == nullptr) throw std::runtime_error(dlerror());
+LoadedLibrary::LoadedLibrary(const std::string& path) : handle_(openLibrary(path)) {
+  if (handle_ == nullptr) throw std::runtime_error("cannot open " + path + ": " + openFailure());
   variantIndex_ = static_cast<std::int32_t*>(hiddenSymbols(handle_).at("VariantIndex"));
   if (variantIndex_ == nullptr) throw std::runtime_error(path + " has no symbol VariantIndex");
   version_ = reinterpret_cast<decltype(version_)>(exported("legacy90pxmccGetLibVersion"));
@@ -46,11 +38,11 @@ LoadedLibrary::LoadedLibrary(const std::string& path)
 }
 
 LoadedLibrary::~LoadedLibrary() {
-  dlclose(handle_);
+  closeLibrary(handle_);
 }
 
 void* LoadedLibrary::exported(const std::string& name) const {
-  void* const function = dlsym(handle_, name.c_str());
+  void* const function = exportedSymbol(handle_, name);
   if (function == nullptr) throw std::runtime_error("the library does not export " + name);
   return function;
 }

@@ -2,6 +2,8 @@
 
 #include "twist.h"
 
+#include <xmmintrin.h>
+
 #include <algorithm>
 #include <cfenv>
 #include <cmath>
@@ -49,18 +51,23 @@ int toSignedByte(float p) {
   return static_cast<std::int8_t>(i & 255);
 }
 
-// Rounds to nearest for the length of a scope. Then the mode and the flags are as before.
+// Rounds to nearest for the length of a scope. Then the mode and the flags are as before, those of
+// MXCSR too, which not every C library counts among them.
 class ToNearest {
  public:
-  ToNearest() {
+  ToNearest() : mxcsr_(_mm_getcsr()) {
     std::feholdexcept(&before_);
     std::fesetround(FE_TONEAREST);
   }
-  ~ToNearest() { std::fesetenv(&before_); }
+  ~ToNearest() {
+    std::fesetenv(&before_);
+    _mm_setcsr(mxcsr_);
+  }
   ToNearest(const ToNearest&) = delete;
   ToNearest& operator=(const ToNearest&) = delete;
 
  private:
+  unsigned mxcsr_;
   std::fenv_t before_;
 };
 

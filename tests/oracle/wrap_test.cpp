@@ -2,7 +2,6 @@
 // Holds rows far apart to where the conversions look for them: the distances that wrap in 32 bits
 // and those that do not.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -12,6 +11,7 @@
 
 #include "tests/oracle/oracle.h"
 #include "tests/oracle/test_images.h"
+#include "tests/support/pages.h"
 
 namespace oracle {
 namespace {
@@ -24,13 +24,13 @@ constexpr int kRows = 7;
 // A wide room of addresses, of which the touched pages alone take memory.
 class Room {
  public:
-  Room() {
-    void* start = mmap(nullptr, kSize, PROT_READ | PROT_WRITE,
-                       MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (start != MAP_FAILED) start_ = static_cast<std::uint8_t*>(start);
+  Room() : start_(static_cast<std::uint8_t*>(reservePages(kSize))) {
+    if (start_ == nullptr || setAccess(start_, kSize, Access::ReadWrite)) return;
+    releasePages(start_, kSize);
+    start_ = nullptr;
   }
   ~Room() {
-    if (start_ != nullptr) munmap(start_, kSize);
+    if (start_ != nullptr) releasePages(start_, kSize);
   }
   Room(const Room&) = delete;
   Room& operator=(const Room&) = delete;
@@ -40,7 +40,7 @@ class Room {
 
  private:
   static constexpr std::size_t kSize = std::size_t{16} << 30;
-  std::uint8_t* start_ = nullptr;
+  std::uint8_t* start_;
 };
 
 // Whole rows, in quarters of a GiB.

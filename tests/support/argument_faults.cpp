@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/argument_faults.h"
 
-#include <sys/mman.h>
-
 #include <cstdint>
 #include <cstring>
 
 #include "frame/signatures.h"
+#include "tests/support/pages.h"
 
 namespace {
 
@@ -20,8 +19,7 @@ struct Memory {
 };
 
 void* unreadable() {
-  static void* const page =
-      mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  static void* const page = reservePages(pageSize());
   return page;
 }
 

@@ -1,32 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/guarded.h"
 
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <new>
 #include <stdexcept>
 
-namespace {
-
-std::size_t pageSize() {
-  static const auto size = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-  return size;
-}
-
-}  // namespace
+#include "tests/support/pages.h"
 
 GuardedBytes::GuardedBytes(std::size_t leastSize)
     : size_((leastSize + pageSize() - 1) / pageSize() * pageSize()) {
-  void* all = mmap(nullptr, size_ + 2 * pageSize(), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (all == MAP_FAILED) throw std::bad_alloc();
+  void* const all = reservePages(size_ + 2 * pageSize());
+  if (all == nullptr) throw std::bad_alloc();
   bytes_ = static_cast<std::uint8_t*>(all) + pageSize();
-  if (mprotect(bytes_, size_, PROT_READ | PROT_WRITE) != 0) throw std::bad_alloc();
+  if (!setAccess(bytes_, size_, Access::ReadWrite)) throw std::bad_alloc();
 }
 
 GuardedBytes::~GuardedBytes() {
-  munmap(bytes_ - pageSize(), size_ + 2 * pageSize());
+  releasePages(bytes_ - pageSize(), size_ + 2 * pageSize());
 }
 
 std::uint8_t* placeImage(const GuardedBytes& memory, Against side, int distance,

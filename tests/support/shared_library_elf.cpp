@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/hidden_symbols.h"
-
 #include <dlfcn.h>
 #include <elf.h>
 #include <link.h>
@@ -9,6 +7,8 @@
 #include <fstream>
 #include <iterator>
 #include <vector>
+
+#include "tests/support/shared_library.h"
 
 namespace {
 
@@ -19,12 +19,33 @@ T at(const std::vector<char>& file, std::size_t offset) {
   return value;
 }
 
+// A name alone would be looked for among the installed libraries.
+std::string withFolder(const std::string& path) {
+  return path.find('/') == std::string::npos ? "./" + path : path;
+}
+
 }  // namespace
 
-std::map<std::string, void*> hiddenSymbols(void* handle) {
+void* openLibrary(const std::string& path) {
+  return dlopen(withFolder(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
+std::string openFailure() {
+  return dlerror();
+}
+
+void closeLibrary(void* library) {
+  dlclose(library);
+}
+
+void* exportedSymbol(void* library, const std::string& name) {
+  return dlsym(library, name.c_str());
+}
+
+std::map<std::string, void*> hiddenSymbols(void* library) {
   std::map<std::string, void*> symbols;
   link_map* map = nullptr;
-  if (dlinfo(handle, RTLD_DI_LINKMAP, &map) != 0) return symbols;
+  if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0) return symbols;
   std::ifstream stream(map->l_name, std::ios::binary);
   const std::vector<char> file{std::istreambuf_iterator<char>(stream), {}};
   const auto header = at<Elf64_Ehdr>(file, 0);

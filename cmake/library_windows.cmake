@@ -1,0 +1,55 @@
+# SPDX-License-Identifier: MIT
+# How pxmcc90lgc.dll is linked: exports by name and ordinal, import libraries, version resource.
+
+# The place of a row in the list is its ordinal.
+file(STRINGS frame/conversions.def rows REGEX "^[A-Z_]+\\([A-Za-z0-9]")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS frame/conversions.def)
+set(names "")
+foreach(row ${rows})
+  if(NOT row MATCHES "^([A-Z_]+)\\(([A-Za-z0-9_]+)")
+    message(FATAL_ERROR "frame/conversions.def: cannot read ${row}")
+  endif()
+  set(prefix legacy90pxmi)
+  set(name ${CMAKE_MATCH_2})
+  if(CMAKE_MATCH_1 MATCHES "SERVICE$")
+    set(prefix legacy90pxmcc)
+  endif()
+  list(APPEND names ${prefix}${name})
+endforeach()
+set(ordinal 0)
+set(exports "LIBRARY pxmcc90lgc.dll\nEXPORTS\n")
+foreach(name ${names})
+  math(EXPR ordinal "${ordinal} + 1")
+  string(APPEND exports "  ${name} @${ordinal}\n")
+endforeach()
+set(pxm_definition_file ${PROJECT_BINARY_DIR}/pxmcc90lgc.def)
+file(CONFIGURE OUTPUT ${pxm_definition_file} CONTENT "${exports}" @ONLY)
+
+set(version ${PROJECT_VERSION}.992)
+string(REPLACE "." "," numbers ${version})
+configure_file(frame/version.rc.in pxmcc90lgc.rc @ONLY)
+enable_language(RC)
+target_sources(pxmcc90lgc PRIVATE ${pxm_definition_file} ${PROJECT_BINARY_DIR}/pxmcc90lgc.rc)
+
+set_target_properties(pxmcc90lgc PROPERTIES
+  PREFIX ""
+  IMPORT_PREFIX lib)
+set(CMAKE_C_STANDARD_LIBRARIES "")
+target_link_options(pxmcc90lgc PRIVATE
+  -Wl,--entry=pxmLibraryEntry
+  -Wl,--dynamicbase,--high-entropy-va,--nxcompat
+  -Wl,--disable-auto-import,--disable-runtime-pseudo-reloc
+  -Wl,--no-insert-timestamp)
+
+# The import library in the form of other linkers. That of MinGW's own is made by the linker.
+find_program(PXM_DLLTOOL NAMES llvm-dlltool llvm-dlltool-14 llvm-dlltool-19 NO_CMAKE_FIND_ROOT_PATH)
+if(PXM_DLLTOOL)
+  set(pxm_import_library ${PROJECT_BINARY_DIR}/pxmcc90lgc.lib)
+  add_custom_command(OUTPUT ${pxm_import_library}
+    COMMAND ${PXM_DLLTOOL} -m i386:x86-64 -d ${pxm_definition_file} -l ${pxm_import_library}
+    DEPENDS ${pxm_definition_file} VERBATIM)
+  add_custom_target(pxm_import_library ALL DEPENDS ${pxm_import_library})
+else()
+  set(pxm_import_library "")
+  message(STATUS "llvm-dlltool is not there: no pxmcc90lgc.lib")
+endif()

@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+// Exports called from assembly: the size of a region is one 64-bit word among the arguments, and
+// every register that the system's convention keeps is kept, in every variant.
+#include <gtest/gtest.h>
+#include <xmmintrin.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "frame/dispatch.h"
+#include "tests/support/calls.h"
+#include "tests/support/hand_written_call.h"
+#include "tests/support/pages.h"
+#include "tests/support/random.h"
+#include "tests/support/variants.h"
+
+namespace {
+
+using u8 = unsigned char;
+using u16 = unsigned short;
+using s8 = signed char;
+
+std::uint64_t wordOf(const void* pointer) {
+  return reinterpret_cast<std::uintptr_t>(pointer);
+}
+
+// What a pitch leaves in the upper half of a register is nobody's business.
+std::uint64_t wordOf(int pitch) {
+  return 0xDEADBEEF00000000 | static_cast<std::uint32_t>(pitch);
+}
+
+// Width in the lower half, height in the upper.
+std::uint64_t wordOf(pxmSize size) {
+  return static_cast<std::uint64_t>(static_cast<std::uint32_t>(size.height)) << 32 |
+         static_cast<std::uint32_t>(size.width);
+}
+
+// Arguments as words; arrays of planes and pitches stay those of `a`.
+using Words = std::array<std::uint64_t, 6>;
+
+// One overload for each of the nine argument lists.
+Words wordsFor(pxmStatus (*)(const u8**, int*, u16*, int, pxmSize), const CallArguments& a) {
+  return {wordOf(a.src), wordOf(a.srcStep), wordOf(a.dst[0]), wordOf(a.dstStep[0]), wordOf(a.size)};
+}
+Words wordsFor(pxmStatus (*)(const u8**, int, u16*, int, pxmSize), const CallArguments& a) {
+  return {wordOf(a.src), wordOf(a.srcStep[0]), wordOf(a.dst[0]), wordOf(a.dstStep[0]),
+          wordOf(a.size)};
+}
+template <class Src, class Dst>
+Words wordsFor(pxmStatus (*)(const Src*, int, Dst*, int, pxmSize), const CallArguments& a) {
+  return {wordOf(a.src[0]), wordOf(a.srcStep[0]), wordOf(a.dst[0]), wordOf(a.dstStep[0]),
+          wordOf(a.size)};
+}
+Words wordsFor(pxmStatus (*)(const u16*, int, u8**, int*, pxmSize), const CallArguments& a) {
+  return {wordOf(a.src[0]), wordOf(a.srcStep[0]), wordOf(a.dst), wordOf(a.dstStep), wordOf(a.size)};
+}
+using Twist = const float (*)[4];
+Words wordsFor(pxmStatus (*)(const s8*, int, s8*, int, pxmSize, Twist), const CallArguments& a) {
+  return {wordOf(a.src[0]),     wordOf(a.srcStep[0]), wordOf(a.dst[0]),
+          wordOf(a.dstStep[0]), wordOf(a.size),       wordOf(a.twist)};
+}
+Words wordsFor(pxmStatus (*)(s8*, int, pxmSize, Twist), const CallArguments& a) {
+  return {wordOf(a.dst[0]), wordOf(a.dstStep[0]), wordOf(a.size), wordOf(a.twist)};
+}
+Words wordsFor(pxmStatus (*)(const s8**, int, s8**, int, pxmSize, Twist), const CallArguments& a) {
+  return {wordOf(a.src),        wordOf(a.srcStep[0]), wordOf(a.dst),
+          wordOf(a.dstStep[0]), wordOf(a.size),       wordOf(a.twist)};
+}
+Words wordsFor(pxmStatus (*)(s8**, int, pxmSize, Twist), const CallArguments& a) {
+  return {wordOf(a.dst), wordOf(a.dstStep[0]), wordOf(a.size), wordOf(a.twist)};
+}
+
+struct Export {
+  const Conversion& conversion;
+  const void* function;
+  Words (*words)(const CallArguments&);
+};
+
+const std::vector<Export>& allExports() {
+#define CONVERSION(name, family)                                              \
+  {conversionNamed(#name), reinterpret_cast<const void*>(legacy90pxmi##name), \
+   [](const CallArguments& a) { return wordsFor(legacy90pxmi##name, a); }},
+  static const std::vector<Export> all = {
+#include "frame/conversions.def"
+  };
+  return all;
+}
+
+// Images that have room for any conversion of 100 by 8 pixels, and rows above and below that some
+// read from.
+struct Images {
+  static constexpr int pitch = 512, rows = 16, firstRow = 4;
+  using Plane = std::array<std::uint8_t, pitch * rows>;
+  std::array<Plane, 3> src, dst;
+
+  explicit Images(Random& random) {
+    for (Plane& plane : src) random.fill(plane.data(), plane.size());
+    for (Plane& plane : dst) random.fill(plane.data(), plane.size());
+  }
+
+  CallArguments arguments(pxmSize size) {
+    CallArguments a = {};
+    for (std::size_t i = 0; i < 3; ++i) {
+      a.src[i] = src[i].data() + firstRow * pitch;
+      a.dst[i] = dst[i].data() + firstRow * pitch;
+      a.srcStep[i] = a.dstStep[i] = pitch;
+    }
+    a.size = size;
+    const float matrix[3][4] = {{0.9f, 0.1f, -0.2f, 3}, {0.3f, -1.1f, 0.5f, -4}, {1, 1, -1, 0.5f}};
+    std::memcpy(a.twist, matrix, sizeof matrix);
+    return a;
+  }
+};
+
+KeptRegisters patterns() {
+  KeptRegisters registers = {};
+  std::uint64_t n = 0;
+  for (std::uint64_t& word : registers.general) word = ++n * 0x0101010101010101;
+  for (auto& vector : registers.vector)
+    for (std::uint64_t& word : vector) word = ++n * 0x0101010101010101;
+  return registers;
+}
+
+constexpr std::uint32_t mxcsrFlags = 0x3F;  // what arithmetic raises, which no callee keeps
+
+testing::AssertionResult kept(const KeptRegisters& after) {
+  KeptRegisters want = patterns(), here = want;
+  const std::uint64_t nothing[6] = {};
+  const auto idle = [] {};
+  handWrittenCall(reinterpret_cast<const void*>(+idle), nothing, want, here);
+  if (std::memcmp(after.general, here.general, sizeof here.general) != 0)
+    return testing::AssertionFailure() << "a general register is lost";
+  if (std::memcmp(after.vector, here.vector, sizeof here.vector) != 0)
+    return testing::AssertionFailure() << "a vector register is lost";
+  if (after.direction != 0) return testing::AssertionFailure() << "the direction flag is set";
+  if ((after.mxcsr ^ here.mxcsr) & ~mxcsrFlags)
+    return testing::AssertionFailure() << "MXCSR is " << after.mxcsr << ", not " << here.mxcsr;
+  if (after.x87Control != here.x87Control)
+    return testing::AssertionFailure() << "the x87 control word is " << after.x87Control;
+  return testing::AssertionSuccess();
+}
+
+std::uint32_t callByHand(const Export& e, const CallArguments& a, KeptRegisters& after) {
+  const Words words = e.words(a);
+  std::uint64_t six[6];
+  std::copy(words.begin(), words.end(), six);
+  after = patterns();
+  return handWrittenCall(e.function, six, patterns(), after);
+}
+
+class Callers : public testing::TestWithParam<int> {};
+
+// One iteration, several, and what is left of a row; both parities.
+constexpr pxmSize sizes[] = {{1, 1}, {2, 2}, {4, 1}, {15, 3}, {32, 2}, {37, 5}, {64, 4}, {95, 3}};
+
+TEST_P(Callers, SizeIsOneWordAndRegistersAreKept) {
+  SCOPED_TRACE(seedMessage());
+  const Export& e = allExports()[static_cast<std::size_t>(GetParam())];
+  Random random{std::string(e.conversion.name)};
+  for (const int variant : runnableVariants()) {
+    const SelectedVariant selected(variant);
+    for (const pxmSize size : sizes) {
+      Images byHand(random);
+      Images byCompiler = byHand;
+      KeptRegisters after;
+      const std::uint32_t status = callByHand(e, byHand.arguments(size), after);
+      ASSERT_EQ(static_cast<pxmStatus>(status), e.conversion.call(byCompiler.arguments(size)));
+      ASSERT_TRUE(byHand.dst == byCompiler.dst) << variantTags[variant] << " " << size.width;
+      ASSERT_TRUE(kept(after)) << variantTags[variant] << " " << size.width << "x" << size.height;
+    }
+  }
+}
+
+// A first call comes by the trampoline.
+TEST_P(Callers, RegistersAreKeptByTheFirstCall) {
+  SCOPED_TRACE(seedMessage());
+  const Export& e = allExports()[static_cast<std::size_t>(GetParam())];
+  Random random{std::string(e.conversion.name)};
+  Images byHand(random);
+  Images byCompiler = byHand;
+  legacy90pxmccInit();
+  const std::int32_t chosen = VariantIndex;
+  VariantIndex = -1;
+  KeptRegisters after;
+  const std::uint32_t status = callByHand(e, byHand.arguments({37, 5}), after);
+  EXPECT_EQ(VariantIndex, chosen);
+  EXPECT_EQ(static_cast<pxmStatus>(status), e.conversion.call(byCompiler.arguments({37, 5})));
+  EXPECT_TRUE(byHand.dst == byCompiler.dst);
+  EXPECT_TRUE(kept(after));
+}
+
+#ifdef _WIN32
+// Whatever a call raises finds the handler of its caller, by the unwind information of stub, entry
+// and kernel, and finds there the registers that the caller had.
+TEST_P(Callers, AnExceptionFindsItsHandler) {
+  SCOPED_TRACE(seedMessage());
+  const Export& e = allExports()[static_cast<std::size_t>(GetParam())];
+  Random random{std::string(e.conversion.name)};
+  constexpr std::size_t bytes = 1 << 20;
+  auto* const unreadable = static_cast<std::uint8_t*>(reservePages(bytes));
+  ASSERT_NE(unreadable, nullptr);
+  for (const int variant : runnableVariants()) {
+    const SelectedVariant selected(variant);
+    for (const pxmSize size : {pxmSize{4, 2}, pxmSize{95, 3}})
+      for (const bool isSource : {true, false}) {
+        Images images(random);
+        CallArguments a = images.arguments(size);
+        for (std::size_t i = 0; i < 3; ++i) {
+          if (isSource) a.src[i] = unreadable + bytes / 2;
+          if (!isSource) a.dst[i] = unreadable + bytes / 2;
+        }
+        const bool inPlace = e.conversion.has("IR") || e.conversion.has("IP3R");
+        if (isSource && inPlace) continue;
+        KeptRegisters after;
+        const unsigned mxcsr = _mm_getcsr();
+        const std::uint32_t status = callByHand(e, a, after);
+        // In the twist the rounding mode is another for a while; a handler finds what it was then.
+        _mm_setcsr(mxcsr);
+        if (e.conversion.kind == Kind::Twist) after.mxcsr = mxcsr;
+        ASSERT_EQ(status, caughtException) << variantTags[variant];
+        ASSERT_TRUE(kept(after)) << variantTags[variant] << " " << size.width;
+      }
+  }
+  releasePages(unreadable, bytes);
+}
+
+// The same for what happens in start-up, below trampoline and thunk: it cannot store the index.
+TEST_P(Callers, AnExceptionOfStartUpFindsItsHandler) {
+  const Export& e = allExports()[static_cast<std::size_t>(GetParam())];
+  Random random{std::string(e.conversion.name)};
+  Images images(random);
+  legacy90pxmccInit();
+  const std::int32_t chosen = VariantIndex;
+  VariantIndex = -1;
+  auto* const page = reinterpret_cast<char*>(&VariantIndex) -
+                     reinterpret_cast<std::uintptr_t>(&VariantIndex) % pageSize();
+  const CallArguments a = images.arguments({37, 5});
+  KeptRegisters after;
+  ASSERT_TRUE(setAccess(page, pageSize(), Access::Read));
+  const std::uint32_t status = callByHand(e, a, after);
+  ASSERT_TRUE(setAccess(page, pageSize(), Access::ReadWrite));
+  EXPECT_EQ(status, caughtException);
+  EXPECT_TRUE(kept(after));
+  EXPECT_EQ(VariantIndex, -1);
+  EXPECT_EQ(static_cast<pxmStatus>(callByHand(e, a, after)), e.conversion.call(a));
+  EXPECT_EQ(VariantIndex, chosen);
+}
+#endif
+
+INSTANTIATE_TEST_SUITE_P(, Callers, testing::Range(0, 98), [](const auto& info) {
+  return std::string(allExports()[static_cast<std::size_t>(info.param)].conversion.name);
+});
+
+}  // namespace
