@@ -34,7 +34,7 @@ if(WIN32)
 endif()
 
 # The levels. Those of SIMD define PXM_SIMD; PXM_SMALL asks for the smaller of two ways, and so do the
-# flags of in-order processors: rolled loops, nothing aligned, nothing moved ahead of a loop.
+# flags of in-order processors: rolled loops, nothing aligned, nothing hoisted out of one.
 set(in_order -DPXM_SIMD -DPXM_SMALL
   $<$<CXX_COMPILER_ID:GNU>:-fno-tree-ch;-freorder-blocks-algorithm=simple;-fno-split-loops;-fno-tree-loop-im>
   $<$<CXX_COMPILER_ID:GNU>:-falign-loops=1;-falign-jumps=1;-falign-labels=1>

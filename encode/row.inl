@@ -12,7 +12,7 @@ PXM_LEVEL_BEGIN
 enum class Tail {
   Untouched,  // neither read nor written
   Luma,       // their luma, and no part in chroma
-  LumaAndCb,  // one pixel: its luma, and a Cb of its own in the byte behind
+  LumaAndCb,  // one pixel: its luma, and a Cb of its own in the byte after
 };
 
 // What an image needs of a row type: a target, the pixels of each row, and `convert`.

@@ -7,7 +7,7 @@
 //    their chroma. Otherwise they start anywhere.
 //  - Rows that are left over go with the last band and make none of their own: plain conversions of
 //    YUV 4:2:0 write nothing of a single row.
-//  - Behind each destination row, within its pitch, there is room for two pixels. Some processor
+//  - After each destination row, within its pitch, there is room for two pixels. Some processor
 //    variants write there at some sizes. Without the room they would write into the first row of
 //    the next band, which another thread may have finished.
 // Source planes are only read, so bands share them. The library itself needs no preparation.

@@ -87,7 +87,7 @@ constexpr SourceFormat kYuv420 = {
      {legacy90pxmiYUV420ToBGR444_8u16u_P3C3R, legacy90pxmiYUV420ToBGR444Dither_8u16u_P3C3R},
      {legacy90pxmiYUV420ToRGB444_8u16u_P3C3R, legacy90pxmiYUV420ToRGB444Dither_8u16u_P3C3R}}};
 
-// Less than a whole group of four columns is refused or takes the chroma of another.
+// Less than a whole group of four columns is rejected or takes the chroma of another.
 constexpr SourceFormat kYcbcr411 = {Matrix::kYcbcr,
                                     2,
                                     0,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Answers of the library.
+// Statuses of the library.
 #ifndef PXM_EXAMPLES_STATUS_H
 #define PXM_EXAMPLES_STATUS_H
 
@@ -10,10 +10,10 @@
 
 namespace examples {
 
-/// Throws a Failure if a conversion is refused. Positive values are warnings with the work done.
+/// Throws a Failure if a conversion is rejected. Positive values are warnings with the work done.
 inline void requireDone(pxmStatus status) {
   if (status < 0) {
-    throw Failure("the conversion is refused with status " + std::to_string(status));
+    throw Failure("the conversion is rejected with status " + std::to_string(status));
   }
 }
 

@@ -11,7 +11,7 @@ static const char* statusInWords(pxmStatus status) {
     case pxmStatusForeignCpu:
       return "ok, a processor of another vendor; everything works all the same";
     case pxmStatusCpuUnsupported:
-      return "the processor could not be detected; plain code serves it";
+      return "the processor could not be detected; scalar code serves it";
     default:
       return status < 0 ? "failed" : "ok, with a warning that is not known here";
   }

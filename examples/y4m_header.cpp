@@ -117,7 +117,7 @@ std::string readableTags() {
   return tags;
 }
 
-std::string refusal(ChromaSupport support) {
+std::string rejection(ChromaSupport support) {
   switch (support) {
     case kDeepSamples:
       return " has samples of more than 8 bits";
@@ -136,7 +136,7 @@ const ChromaFormat* readChroma(const Parameters& parameters) {
       return &format;
     }
     if (format.tag == tag) {
-      reason = refusal(format.support);
+      reason = rejection(format.support);
     }
   }
   throw Failure("chroma format " + quoted("C" + std::string(tag)) + reason +

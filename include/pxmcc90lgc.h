@@ -1,7 +1,10 @@
 /* SPDX-License-Identifier: MIT */
-/*
- * Image colour conversions for 64-bit x86: YCbCr and YUV, 16-bit and 24-bit pixels, by region.
+/**
+ * @file
+ * @brief Image colour conversions for 64-bit x86: YCbCr and YUV, 16-bit and 24-bit pixels, by
+ * region.
  *
+ * @code{.c}
  *   const unsigned char *planes[3];               Y, Cb, Cr; 640x480 samples in each
  *   unsigned short screen[480][642];              what a 16-bit display shows
  *   pxmSize size = {640, 480};
@@ -9,12 +12,13 @@
  *       planes, 640,                              source, bytes from row to row
  *       screen[0], 642 * 2,                       destination, bytes from row to row
  *       size);                                    region: width, height in pixels
- *   if (status < 0) ...                           refused, nothing was written
+ *   if (status < 0) ...                           rejected, nothing was written
+ * @endcode
  *
  * Link with -lpxmcc90lgc. Nothing needs starting, stopping or freeing. What to know first:
  *
  * - Test for status < 0, never for status != 0: a positive value is a warning, the work is done.
- *   legacy90pxmccInit, for one, answers with a positive value on most machines.
+ *   legacy90pxmccInit, for one, returns 20 on every processor of today.
  * - A name says source, To, target, perhaps Dither, the element types of source and destination,
  *   and the layout. C3: interleaved channels (a 16-bit pixel counts as C3), P3: three planes,
  *   R: a region of an image. Two layout words are source, then destination.
@@ -22,18 +26,21 @@
  *   red in bits 11 to 15, which most other software calls RGB565. Red and blue exchanged on the
  *   screen mean that the other name of the pair is wanted.
  * - A pitch is the bytes from one row to the next, signed; a negative one walks up the image.
- *   Pixels may stand at any address. A pitch of 16-bit pixels loses its low bit: 641 acts as 640,
- *   -641 as -642.
+ *   Pixels may stand at any address. Keep the pitch of 16-bit pixels even: it loses its low bit
+ *   (641 acts as 640, -641 as -642), but not for the destination of 4:1:1 decoders nor for the
+ *   source of most encoders.
  * - The region starts at the pointers given. Pointers and sizes are checked; pitches, overlap and
  *   room are not.
- * - Leave room for two pixels after each destination row, and readable bytes after the last row
- *   of each source plane (two of luma, one of chroma): some processor variants of the subsampled
- *   formats use them at some odd sizes.
+ * - Leave two pixels of room after each destination row, and two readable bytes after the last row
+ *   of each source plane: that is always enough. Some functions use the room at some sizes, most
+ *   of all YUV 4:2:0 without dither where width & 7 is 4 or 5 (so also 852), and 4:2:0 with dither
+ *   where width and height are odd. Rows that are packed tightly then get wrong pixels at their
+ *   left edge, and bytes past the end change. docs/room.md has every function.
  * - Any number of threads may convert at once into separate destinations. No call allocates,
  *   locks or keeps a pointer.
  * - The processor is detected once, at load, and decides which of seven variants of a function
  *   runs; legacy90pxmccGetLibVersion tells which. Variants do not always agree to the last bit: the
- *   vector variants use shorter arithmetic in the leading columns of a row for plain interleaved
+ *   SIMD variants use shorter arithmetic in the leading columns of a row for plain interleaved
  *   4:4:4 and 4:2:2, plain YUV, 4:1:1 and all encoders. One variant gives the same bytes always.
  */
 #ifndef PXMCC90LGC_H
@@ -44,8 +51,8 @@ extern "C" {
 #endif
 
 /**
- * Result of a call, signed 32 bits: 0 is success, a negative value a refusal with nothing written,
- * a positive value a warning with the work done.
+ * Result of a call, signed 32 bits: 0 is success, a negative value a rejection with nothing
+ * written, a positive value a warning with the work done.
  */
 typedef int pxmStatus;
 
@@ -58,7 +65,7 @@ enum {
   pxmStatusForeignCpu = 20,    /**< a processor of another vendor; everything works all the same */
   pxmStatusSizeWarning = 35,   /**< the size does not divide as the format wants; what could be
                                     converted is written */
-  pxmStatusCpuUnsupported = 36 /**< the processor could not be detected; plain code serves it */
+  pxmStatusCpuUnsupported = 36 /**< the processor could not be detected; scalar code serves it */
 };
 
 /** Size of a region of interest in pixels; passed by value. */
@@ -93,9 +100,9 @@ const pxmVersionRecord* legacy90pxmccGetLibVersion(void);
 
 /**
  * Detects the processor and chooses the variant, as the load of the library has done already: a
- * repeat reaches the same choice and the same answer. No caller needs it.
+ * repeat makes the same choice and returns the same. No caller needs it.
  * @return pxmStatusOk; pxmStatusForeignCpu where the processor's vendor is not the one that the
- *   library favours, which changes nothing else and is the answer on most machines; or
+ *   library favours, which changes nothing else and is returned on most machines; or
  *   pxmStatusCpuUnsupported. None of them is a failure: conversions work after each.
  */
 pxmStatus legacy90pxmccInit(void);
@@ -117,18 +124,22 @@ pxmStatus legacy90pxmccSetNumThreads(int numThreads);
 
 /** @} */
 
-/*
+/**
+ * @page formats Pixels and colours
+ *
  * 16-bit packed pixels. One word a pixel, little-endian, two bytes from pixel to pixel. Bit 15
  * stands at the left; a letter is one bit of red, green or blue, 0 a spare bit: written as zero,
- * ignored where it is read. Behind each the name that it has in ffmpeg, DRM and SDL, which spell
+ * ignored where it is read. After each the name that it has in ffmpeg, DRM and SDL, which spell
  * the high bits first:
  *
+ * @verbatim
  *   BGR444  0000 RRRR GGGG BBBB   rgb444le, XRGB4444, SDL_PIXELFORMAT_XRGB4444
  *   BGR555  0RRR RRGG GGGB BBBB   rgb555le, XRGB1555, SDL_PIXELFORMAT_XRGB1555
  *   BGR565  RRRR RGGG GGGB BBBB   rgb565le, RGB565, SDL_PIXELFORMAT_RGB565
  *   RGB444  0000 BBBB GGGG RRRR   bgr444le, XBGR4444, SDL_PIXELFORMAT_XBGR4444
  *   RGB555  0BBB BBGG GGGR RRRR   bgr555le, XBGR1555, SDL_PIXELFORMAT_XBGR1555
  *   RGB565  BBBB BGGG GGGR RRRR   bgr565le, BGR565, SDL_PIXELFORMAT_BGR565
+ * @endverbatim
  *
  * Plain conversions drop the low bits of each 8-bit component. Dither conversions round by a 4x4
  * ordered matrix, which turns bands into a fine pattern: a component takes the level below it, or
@@ -139,6 +150,7 @@ pxmStatus legacy90pxmccSetNumThreads(int numThreads);
  *
  * YCbCr is 8-bit studio range of ITU-R BT.601: luma 16 to 235, chroma 128 +- 112.
  *
+ * @verbatim
  *     R = 1.164 (Y - 16)                     + 1.596 (Cr - 128)
  *     G = 1.164 (Y - 16) - 0.392 (Cb - 128)  - 0.813 (Cr - 128)
  *     B = 1.164 (Y - 16) + 2.017 (Cb - 128)
@@ -146,12 +158,15 @@ pxmStatus legacy90pxmccSetNumThreads(int numThreads);
  *     Y  =  0.257 R + 0.504 G + 0.098 B +  16
  *     Cb = -0.148 R - 0.291 G + 0.439 B + 128
  *     Cr =  0.439 R - 0.368 G - 0.071 B + 128
+ * @endverbatim
  *
  * YUV is 8-bit full range with the analogue colour differences.
  *
+ * @verbatim
  *     R = Y                     + 1.140 (V - 128)        Y = 0.299 R + 0.587 G + 0.114 B
  *     G = Y - 0.394 (U - 128)   - 0.581 (V - 128)        U = 0.492 (B - Y) + 128
  *     B = Y + 2.032 (U - 128)                            V = 0.877 (R - Y) + 128
+ * @endverbatim
  *
  * All in fixed point; components, and V, are clamped to 0 to 255. Each conversion has fixed
  * constants and roundings of its own; conversions that look alike may differ by one level.
@@ -271,7 +286,7 @@ pxmStatus legacy90pxmiYCbCrToRGB565_8u16u_C3R(const unsigned char* src, int srcS
  * @param roiSize  width and height in pixels, odd ones included.
  *
  * Reads those samples and writes width pixels in each row. Plain conversions of a region one pixel
- * wide write nothing in the vector variants.
+ * wide write nothing in the SIMD variants.
  *
  * @return in this order: pxmStatusNullPointer if src or dst is null; pxmStatusBadSize if width or
  *   height is below 1; pxmStatusNullPointer if one of the three planes is null; pxmStatusOk.
@@ -334,7 +349,7 @@ pxmStatus legacy90pxmiYCbCr422ToRGB565_8u16u_P3C3R(const unsigned char* src[3], 
  * A plain conversion of a region ONE PIXEL WIDE stores no packed pixels but three bytes a row, R, G
  * and B, in this order whatever the name says, one byte more than a pixel's two, and steps by half
  * of dstStep from row to row. Two exceptions in variant l9, YCbCr422ToBGR555 and YCbCr422ToBGR565,
- * store a packed pixel a row there, and read the byte ahead of the row as its Cr.
+ * store a packed pixel a row there, and read the byte before the row as its Cr.
  *
  * @return in this order: pxmStatusNullPointer if src or dst is null; pxmStatusBadSize if width or
  *   height is below 1; pxmStatusOk.
@@ -394,7 +409,7 @@ pxmStatus legacy90pxmiYCbCr422ToRGB565_8u16u_C2C3R(const unsigned char* src, int
  *   A row's offset, row times pitch, must fit in 32 bits.
  *
  * Reads those samples and writes width pixels in each row. Dither conversions of a region whose
- * width AND height are odd write two more pixels in the vector variants, behind the end of the last
+ * width AND height are odd write two more pixels in the SIMD variants, after the end of the last
  * row, made from two more samples of the last luma row and one more of each last chroma row.
  *
  * @return in this order: pxmStatusNullPointer if src or dst is null; pxmStatusBadSize if width or
@@ -446,13 +461,13 @@ pxmStatus legacy90pxmiYCbCr420ToRGB565_8u16u_P3C3R(const unsigned char* src[3], 
  *
  * As YCbCr 4:2:0 above, planes and arguments alike, with the full-range YUV matrix.
  *
- * A plain conversion of a region one pixel wide or one pixel high writes NOTHING and answers
+ * A plain conversion of a region one pixel wide or one pixel high writes NOTHING and returns
  * pxmStatusOk. In the last column of an odd width and the last row of an odd height plain
  * conversions round red and blue down instead of to nearest.
  *
- * Dither conversions of an odd width AND height write two pixels more in the vector variants, as
- * told above. Plain conversions of a width with (width & 7) 4 or 5 store two pixels more in every
- * row of each pair of rows there, at columns (width & ~1) and (width & ~1) + 1, made from the
+ * Dither conversions of an odd width AND height write two pixels more in the SIMD variants, as
+ * documented above. Plain conversions of a width with (width & 7) 4 or 5 store two pixels more in
+ * every row of each pair of rows there, at columns (width & ~1) and (width & ~1) + 1, made from the
  * samples that follow in memory; where the width is odd the first of them is then written as it
  * should be.
  *
@@ -636,7 +651,7 @@ pxmStatus legacy90pxmiBGR565ToYCbCr422_16u8u_C3C2R(const unsigned short* src, in
  * @param roiSize  width, at least 4, and height in pixels.
  *
  * One to three columns left over by a width that is no multiple of 4 are neither read nor written,
- * except that BGR555ToYCbCr411 writes their Y in the vector variants.
+ * except that BGR555ToYCbCr411 writes their Y in the SIMD variants.
  *
  * @return in this order: pxmStatusNullPointer if src, dst or one of the three planes is null;
  *   pxmStatusBadSize if width is below 4 or height below 1; pxmStatusSizeWarning, with the whole
@@ -667,7 +682,7 @@ pxmStatus legacy90pxmiBGR565ToYCbCr411_16u8u_C3P3R(const unsigned short* src, in
  * @param roiSize  width and height in pixels: at least 2 by 2 from BGR, 1 by 1 from RGB565.
  *
  * The last column of an odd width and, in YUV420, the last row of an odd height are neither read
- * nor written. From BGR an odd srcStep acts as told for YCbCr 4:2:0.
+ * nor written. From BGR an odd srcStep acts as documented for YCbCr 4:2:0.
  *
  * @return BGR, in this order: pxmStatusNullPointer if src, dst or one of the three planes is null;
  *   pxmStatusBadSize if width or height is below 2. RGB565: pxmStatusNullPointer if src or dst is
@@ -737,7 +752,7 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  * 0.
  *
  * C3: three bytes a pixel. AC4: four, the fourth being alpha: it plays no part, is not written, and
- * behind the last pixel of a row not read. P3: three planes with one pitch. I: in place.
+ * after the last pixel of a row not read. P3: three planes with one pitch. I: in place.
  *
  * @param src      the region's first pixel, or the first samples of three planes.
  * @param srcStep  source pitch in bytes, at least 1.

@@ -251,8 +251,10 @@ TEST_P(Callers, AnExceptionOfStartUpFindsItsHandler) {
 }
 #endif
 
-INSTANTIATE_TEST_SUITE_P(, Callers, testing::Range(0, 98), [](const auto& info) {
-  return std::string(allExports()[static_cast<std::size_t>(info.param)].conversion.name);
-});
+INSTANTIATE_TEST_SUITE_P(, Callers, testing::Range(0, static_cast<int>(conversions().size())),
+                         [](const auto& info) {
+                           return std::string(
+                               allExports()[static_cast<std::size_t>(info.param)].conversion.name);
+                         });
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 namespace {
 
-// What holds in plain code and not in every variant.
+// What holds in scalar code and not in every variant.
 class PlainYuv420 : public testing::Test {
  private:
   const SelectedVariant plain_{0};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// 4:2:2 and 4:1:1 by literal pixels: the odd last pixel, the path of one pixel's width, leftovers.
+// 4:2:2 and 4:1:1 by literal pixels: the odd last pixel, the path of one pixel's width, remainders.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// What holds in plain code and not in every variant.
+// What holds in scalar code and not in every variant.
 class Plain422 : public testing::Test {
  private:
   const SelectedVariant plain_{0};

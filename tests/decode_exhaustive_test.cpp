@@ -106,7 +106,7 @@ class DecodeExhaustive : public testing::TestWithParam<Conversion> {
     return pixels;
   }
 
-  // The oracle is slow, and gives one result for all vector variants but l9.
+  // The oracle is slow, and gives one result for all SIMD variants but l9.
   static oracle::Variant firstThatDecodesLike(int variant) {
     const oracle::Variant v = oracleVariant(variant);
     return v == oracle::Variant::mx || v == oracle::Variant::l9 ? v : oracle::kVectorVariants[0];

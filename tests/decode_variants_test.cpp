@@ -56,7 +56,7 @@ TEST(Variants, OfVectorDecodersAgreeButForTwoOfL9) {
   }
 }
 
-// Planar 4:4:4, planar 4:2:2, 4:2:0 and everything dithered equal plain code; the others differ.
+// Planar 4:4:4, planar 4:2:2, 4:2:0 and everything dithered equal scalar code; the others differ.
 TEST(Variants, OfVectorDecodersEqualPlainCodeWhereTheirChainIsItsForm) {
   SCOPED_TRACE(seedMessage());
   const std::vector<int> runnable = runnableVariants();

@@ -87,7 +87,7 @@ TEST_P(DepthExhaustive, AllInputsAtEveryPlaceOfABlock) {
     }
 }
 
-// Narrower than a block, and with pixels left over behind one.
+// Narrower than a block, and with pixels left over after one.
 TEST_P(DepthExhaustive, AllInputsThroughTheScalarLoop) {
   for (const int width : {1, 3, 5, 7, 15, 21, 23})
     ASSERT_NO_FATAL_FAILURE(expectAll(pixels_, width));

@@ -28,7 +28,7 @@ GroupShape groupOf(const Conversion& c) {
   return {c.has("411") ? 4 : 2, c.has("420_") ? 2 : 1};
 }
 
-// A picture of tight rows, and what an encoder makes of it: planes one behind the other.
+// A picture of tight rows, and what an encoder makes of it: planes one after the other.
 struct Picture {
   int width, height;
   Words words;
@@ -62,7 +62,7 @@ Encoded encodedBy(const Conversion& c, const Picture& picture, Convert convert) 
   return out;
 }
 
-// The vector variants give one result, so the oracle is asked twice.
+// The SIMD variants give one result, so the oracle is asked twice.
 void expectLikeOracle(const Conversion& c, const Picture& picture) {
   Encoded expected;
   int asked = -1;
@@ -148,7 +148,7 @@ TEST_P(EncodeExhaustive, AllPixelsAtEveryPlaceOfABlock) {
   }
 }
 
-// Widths of all kinds of tails: with and without blocks ahead of them, of groups and of columns.
+// Widths of all kinds of tails: with and without blocks before them, of groups and of columns.
 TEST_P(EncodeExhaustive, AllPixelsThroughTheTails) {
   for (const int width : {4, 5, 6, 7, 9, 10, 11, 15, 19, 22, 23, 30, 47}) {
     Picture p = {width, 2 * (65536 / 2 / width + 1), {}};

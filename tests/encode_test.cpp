@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The encoders by literal samples, in plain code and in lanes.
+// The encoders by literal samples, in scalar code and in SIMD.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -153,7 +153,7 @@ class EncodeInBlocks : public testing::TestWithParam<int> {
   const SelectedVariant selected{GetParam()};
 };
 
-// Luma of all pixels alike, one chroma sample for each group; the byte behind stays as it was.
+// Luma of all pixels alike, one chroma sample for each group; the byte after stays as it was.
 Planes uniform(const char* name, int width, int height, std::uint16_t word) {
   return encoded(name, Words(static_cast<std::size_t>(width * height), word), width, height);
 }

@@ -88,7 +88,7 @@ void apply(const Fault& fault, FaultyCall& call) {
 void expectRefusal(const CheckedCall& conversion, const FaultyCall& call, int status) {
   bool untouched = false;
   EXPECT_EQ(conversion.call(call, &untouched), status);
-  EXPECT_TRUE(untouched) << "a refusal has written something";
+  EXPECT_TRUE(untouched) << "a rejection has written something";
 }
 
 bool arePlanes(Argument a) {

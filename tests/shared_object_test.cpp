@@ -84,7 +84,7 @@ TEST_F(SharedObject, EveryVariantCanBeForcedByItsSymbol) {
   *index = chosen;
 }
 
-// The table of a name has the trampoline ahead of its slots, and no two slots share an entry.
+// The table of a name has the trampoline before its slots, and no two slots share an entry.
 TEST_F(SharedObject, EverySlotLeadsToTheEntryOfItsVariant) {
   std::set<const void*> entries;
   for (const Conversion& conversion : conversions()) {

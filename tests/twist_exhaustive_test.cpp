@@ -150,7 +150,7 @@ TEST_P(TwistExhaustive, AllTriplesThroughMatricesInEveryMode) {
   while (layouts[first].name != GetParam().name) ++first;
   for (std::size_t i = first; i < all.size();
        i += layouts.size() * static_cast<std::size_t>(testStride())) {
-    // To nearest the oracle of the vector variants holds in every mode.
+    // To nearest the oracle of the SIMD variants holds in every mode.
     const Bytes bySimd = expected(all[i], 1);
     for (const unsigned mode : modes) {
       const unsigned before = _mm_getcsr();

@@ -161,7 +161,7 @@ TEST(Twist, NanGivesZeroInPlainCode) {
   EXPECT_EQ(twisted({5, 6, 7, 0, 1, 2}, matrix), (Samples{0, 6, 7, 0, 1, 2}));
 }
 
-// 2^24 + 1 - 2^24 is 0 in float and 1 otherwise: the constant is added ahead of the second product.
+// 2^24 + 1 - 2^24 is 0 in float and 1 otherwise: the constant is added before the second product.
 TEST(Twist, ConstantIsAddedSecondInPlainCode) {
   const SelectedVariant plain(0);
   const Matrix matrix = {{1, -16777216.0f, 0, 16777216.0f}, {0, 0, 0, 0}, {0, 0, 0, 0}};
@@ -209,7 +209,7 @@ std::vector<int> runnableVectorVariants() {
   return variants;
 }
 
-// The four ways in which a variant in lanes and plain code may disagree.
+// The four ways in which a variant in SIMD and scalar code may disagree.
 TEST(TwistDifferences, ConstantIsAddedLastInLanes) {
   const float row[4] = {-0.29f, -0.52f, 1.99f, -1.22f};
   EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {0, -63, 4}), 40);  // of 39.5

@@ -50,7 +50,7 @@ using Numbers = std::mt19937_64;
 // pitches.
 class ImageMemory {
  public:
-  // `shift`: how many bytes behind a cache line all memory begins.
+  // `shift`: how many bytes after a cache line all memory begins.
   ImageMemory(pxmSize largest, std::size_t shift);
 
   // Lays the planes out and fills sources, or what is converted in place, with random bytes. The

@@ -24,7 +24,7 @@ namespace {
 
 struct Options {
   std::string library;
-  std::string variants;  // with a comma behind each; empty for all
+  std::string variants;  // with a comma after each; empty for all
   bool quick = false;
   std::size_t shift = 0;
 };
@@ -122,7 +122,7 @@ std::vector<Matrix> matricesOf(Kind kind, pxmSize size) {
   return {all.begin(), isSmall ? all.end() : all.begin() + 2};
 }
 
-// Arguments that a conversion may refuse, in place of good ones. A conversion that has no use for
+// Arguments that a conversion may reject, in place of good ones. A conversion that has no use for
 // the argument is called with good ones.
 using Fault = void (*)(CallArguments&, Kind);
 

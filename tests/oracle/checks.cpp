@@ -89,7 +89,7 @@ std::vector<Check> checksOf(std::string_view name) {
   return checksOfFamily(familyOf(name));
 }
 
-int refusalOf(std::string_view name, const CallFacts& facts) {
+int rejectionOf(std::string_view name, const CallFacts& facts) {
   for (const Check& check : checksOf(name)) {
     if (fails(check, facts)) return check.status;
   }

@@ -64,7 +64,7 @@ struct CallFacts {
 };
 
 // The status of the first check that fails, or kStatusOk when all pass. Throws as checksOf does.
-int refusalOf(std::string_view name, const CallFacts& facts);
+int rejectionOf(std::string_view name, const CallFacts& facts);
 
 // The status with which a conversion of a region that passed the checks ends: kStatusOk or
 // kStatusSizeWarning. Throws as checksOf does.

@@ -12,30 +12,30 @@ namespace oracle {
 namespace {
 
 TEST(OracleChecks, GoodArgumentsPassEverywhere) {
-  for (std::string_view name : conversionNames()) EXPECT_EQ(refusalOf(name, {}), 0) << name;
+  for (std::string_view name : conversionNames()) EXPECT_EQ(rejectionOf(name, {}), 0) << name;
 }
 
 TEST(OracleChecks, AllNullWithAnEmptyRegionIsANullPointer) {
   const CallFacts facts{.nulls = {Argument::Src, Argument::Dst, Argument::SrcDst, Argument::Twist},
                         .width = 0,
                         .height = 0};
-  for (std::string_view name : conversionNames()) EXPECT_EQ(refusalOf(name, facts), -8) << name;
+  for (std::string_view name : conversionNames()) EXPECT_EQ(rejectionOf(name, facts), -8) << name;
 }
 
 TEST(OracleChecks, PlanesAndSizesComeInTheFamilysOrder) {
   const CallFacts source{.nulls = {Argument::SrcPlanes}, .height = 0};
-  EXPECT_EQ(refusalOf("YCbCr420ToBGR565_8u16u_P3C3R", source), -6);
-  EXPECT_EQ(refusalOf("YCbCr411ToBGR565_8u16u_P3C3R", source), -8);
+  EXPECT_EQ(rejectionOf("YCbCr420ToBGR565_8u16u_P3C3R", source), -6);
+  EXPECT_EQ(rejectionOf("YCbCr411ToBGR565_8u16u_P3C3R", source), -8);
   const CallFacts destination{.nulls = {Argument::DstPlanes}, .height = 0};
-  EXPECT_EQ(refusalOf("BGR565ToYCbCr420_16u8u_C3P3R", destination), -8);
-  EXPECT_EQ(refusalOf("BGR565ToYUV420_16u8u_C3P3R", destination), -8);
-  EXPECT_EQ(refusalOf("RGB565ToYUV420_16u8u_C3P3R", destination), -6);
+  EXPECT_EQ(rejectionOf("BGR565ToYCbCr420_16u8u_C3P3R", destination), -8);
+  EXPECT_EQ(rejectionOf("BGR565ToYUV420_16u8u_C3P3R", destination), -8);
+  EXPECT_EQ(rejectionOf("RGB565ToYUV420_16u8u_C3P3R", destination), -6);
 }
 
 // The status of a call whose pointers and pitches are good.
 int statusOf(std::string_view name, int width, int height) {
-  const int refusal = refusalOf(name, {.nulls = {}, .width = width, .height = height});
-  return refusal != 0 ? refusal : statusAfter(name, width, height);
+  const int rejection = rejectionOf(name, {.nulls = {}, .width = width, .height = height});
+  return rejection != 0 ? rejection : statusAfter(name, width, height);
 }
 
 TEST(OracleChecks, SizesOfTheYuv420Encoders) {
@@ -66,22 +66,22 @@ TEST(OracleChecks, SizesOf411) {
 TEST(OracleChecks, OrderOfTheTwist) {
   for (const char* name :
        {"ColorTwist32f_8s_C3R", "ColorTwist32f_8s_AC4R", "ColorTwist32f_8s_P3R"}) {
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .srcStep = 0}), -14);
-    EXPECT_EQ(refusalOf(name, {.nulls = {Argument::Twist}, .srcStep = 0}), -8);
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .width = 0, .srcStep = 0}), -6);
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .dstStep = -1}), -14);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .srcStep = 0}), -14);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {Argument::Twist}, .srcStep = 0}), -8);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .width = 0, .srcStep = 0}), -6);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .dstStep = -1}), -14);
   }
   for (const char* name :
        {"ColorTwist32f_8s_C3IR", "ColorTwist32f_8s_AC4IR", "ColorTwist32f_8s_IP3R"}) {
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .srcDstStep = 0}), -14);
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .srcStep = 0, .dstStep = 0}), 0);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .srcDstStep = 0}), -14);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .srcStep = 0, .dstStep = 0}), 0);
   }
 }
 
 TEST(OracleChecks, OnlyTheTwistLooksAtPitches) {
   const CallFacts facts{.nulls = {}, .srcStep = -3, .dstStep = 0, .srcDstStep = 0};
   for (std::string_view name : conversionNames()) {
-    EXPECT_EQ(refusalOf(name, facts), name.starts_with("ColorTwist") ? -14 : 0) << name;
+    EXPECT_EQ(rejectionOf(name, facts), name.starts_with("ColorTwist") ? -14 : 0) << name;
   }
 }
 

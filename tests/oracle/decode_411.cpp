@@ -7,7 +7,7 @@
 
 namespace oracle {
 
-// The destination pitch counts bytes and keeps its low bit. The columns behind the last whole group
+// The destination pitch counts bytes and keeps its low bit. The columns after the last whole group
 // of four take the chroma of that group.
 void decode411(const DecodeJob& job) {
   const DecodeCall& call = job.call;

@@ -111,7 +111,7 @@ void expectSize(const char* name, int width, int height, int dstStep) {
 }
 
 TEST(Oracle411, Width4IsGoodAndWidth6Warns) {
-  EXPECT_EQ(refusalOf(k555, {.nulls = {}, .width = 3}), -6);
+  EXPECT_EQ(rejectionOf(k555, {.nulls = {}, .width = 3}), -6);
   expectSize(k555, 4, 1, 8);
   expectSize(k565, 6, 1, 12);
 }

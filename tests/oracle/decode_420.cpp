@@ -68,7 +68,7 @@ int blockSize(const DecodeJob& job, int remaining) {
 }
 
 // The plain vector kernels of YUV take a block of four columns without counting it, and run their
-// last block of two once too often behind it.
+// last block of two once too often after it.
 bool runsOnceTooOften(const DecodeJob& job) {
   return job.variant != Variant::mx && isPlainYuv(job.name) && job.call.width % 8 / 2 == 2;
 }

@@ -10,7 +10,7 @@ namespace {
 
 // The samples of a pixel of an interleaved row. The odd last pixel has one chroma byte of its own:
 // it is both Cb and Cr where dithered, and Cb beside the Cr of the pair before where plain. In a
-// region one pixel wide that Cr is the byte ahead of the row.
+// region one pixel wide that Cr is the byte before the row.
 Samples interleaved422(const DecodeJob& job, const std::uint8_t* row, int column) {
   const std::uint8_t* luma = row + std::ptrdiff_t{column} * 2;
   const bool second = column % 2 == 1;

@@ -171,7 +171,7 @@ TEST(OracleDecode422, Width1PlainHasTheBytesRedGreenBlue) {
   EXPECT_EQ((Rgb{r, g, b}), (Rgb{37, 143, 21}));
 }
 
-// The byte before a row and the byte behind it lie outside of the image.
+// The byte before a row and the byte after it lie outside of the image.
 TEST(OracleDecode422, EverySizeOfInterleavedImages) {
   for (const DecodeName& name : namesOf(DecodeLayout::C2C3)) {
     for (int width = 1; width <= 9; ++width) {

@@ -25,7 +25,7 @@ EncodeCall inPlaneOrder(std::string_view name, EncodeCall call) {
   return call;
 }
 
-// In the vector variants the encoder of BGR555 to 4:1:1 gives luma to the columns behind its last
+// In the SIMD variants the encoder of BGR555 to 4:1:1 gives luma to the columns after its last
 // group. Neither the one of BGR565 nor mx does.
 bool hasLumaBeyond(std::string_view name, Variant variant) {
   return variant != Variant::mx && name.starts_with("BGR555");

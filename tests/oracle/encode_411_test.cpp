@@ -38,8 +38,8 @@ void expectSize(std::string_view name, int srcStep, int width, int height, int s
 }
 
 TEST(OracleEncode411, Width3IsRefused) {
-  EXPECT_EQ(refusalOf(k555, {.nulls = {}, .width = 3}), -6);
-  EXPECT_EQ(refusalOf(k565, {.nulls = {}, .width = 3}), -6);
+  EXPECT_EQ(rejectionOf(k555, {.nulls = {}, .width = 3}), -6);
+  EXPECT_EQ(rejectionOf(k565, {.nulls = {}, .width = 3}), -6);
 }
 
 TEST(OracleEncode411, Width4IsFourLumaAndOneOfEachChroma) {

@@ -66,8 +66,8 @@ void expectPlanes(const EncodeScene& scene, const std::vector<std::vector<int>>&
 
 TEST(OracleEncode420, OneWideOrHighIsRefused) {
   for (std::string_view name : kNames) {
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .width = 1, .height = 8}), -6);
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .width = 8, .height = 1}), -6);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .width = 1, .height = 8}), -6);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .width = 8, .height = 1}), -6);
   }
 }
 

@@ -73,8 +73,8 @@ void expectPlanar(std::string_view name, int srcStep, int width, int height, int
 
 TEST(OracleEncode422, Width1IsRefusedAndHeight1IsNot) {
   for (std::string_view name : {k555Packed, k565Packed, k555Planar, k565Planar}) {
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .width = 1}), -6);
-    EXPECT_EQ(refusalOf(name, {.nulls = {}, .width = 2, .height = 1}), 0);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .width = 1}), -6);
+    EXPECT_EQ(rejectionOf(name, {.nulls = {}, .width = 2, .height = 1}), 0);
   }
 }
 

@@ -19,7 +19,7 @@ using Unpack = Rgb (*)(std::uint16_t);
 struct EncodeJob {
   const EncodeCall& call;
   Unpack unpack;
-  int vectorColumns;  // encoded in lanes; the others are not
+  int vectorColumns;  // encoded in SIMD; the others are not
 };
 
 // The forms by which a group of pixels is encoded to YCbCr. A sum is over the pixels of the group.
@@ -67,7 +67,7 @@ inline void storeByte(std::uint8_t* row, int column, int value) {
   row[column] = static_cast<std::uint8_t>(value);
 }
 
-// With lumaBeyond, the columns behind the last group get their luma.
+// With lumaBeyond, the columns after the last group get their luma.
 void encode411(const EncodeJob& job, bool lumaBeyond);
 void encode420(const EncodeJob& job);
 void encode422Planar(const EncodeJob& job);

@@ -125,7 +125,7 @@ void encode422Interleaved(const EncodeJob& job) {
   }
 }
 
-// The columns behind the last whole group of four get their luma at most.
+// The columns after the last whole group of four get their luma at most.
 void encode411(const EncodeJob& job, bool lumaBeyond) {
   const EncodeCall& call = job.call;
   for (int row = 0; row < call.height; ++row) {

@@ -26,7 +26,7 @@ int rgbLuma(std::int64_t weight) {
   return encodeYuvLuma(weight, 0);
 }
 
-// In lanes BGR has groups of four alone.
+// In SIMD BGR has groups of four alone.
 int bgrLanesU(int sumB, std::int64_t levelSum, int /*groupSize*/) {
   return laneBgrU(sumB, levelSum);
 }

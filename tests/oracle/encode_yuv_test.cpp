@@ -97,8 +97,8 @@ TEST(OracleEncodeYuv, TwoByOne) {
   EncodeScene nothing{Bytes()};
   EXPECT_EQ(nothing.run(kRgb420, 4, 2, 1), 35);
   for (const Canvas& plane : nothing.plane) EXPECT_EQ(plane, Canvas());
-  EXPECT_EQ(refusalOf(k555, {.nulls = {}, .width = 2, .height = 1}), -6);
-  EXPECT_EQ(refusalOf(k565, {.nulls = {}, .width = 2, .height = 1}), -6);
+  EXPECT_EQ(rejectionOf(k555, {.nulls = {}, .width = 2, .height = 1}), -6);
+  EXPECT_EQ(rejectionOf(k565, {.nulls = {}, .width = 2, .height = 1}), -6);
   EncodeScene pair(Words{0xFFFF, 0xFFFF});
   EXPECT_EQ(pair.run(kRgb422, 4, 2, 1), 0);
   EXPECT_EQ(pair.plane[0], byteRows({{250, 250}}, 2));
@@ -112,14 +112,14 @@ TEST(OracleEncodeYuv, Width1IsAcceptedByRgbAndWritesNothing) {
     EXPECT_EQ(scene.run(name, 4, 1, 4), 35);
     for (const Canvas& plane : scene.plane) EXPECT_EQ(plane, Canvas());
   }
-  EXPECT_EQ(refusalOf(k565, {.nulls = {}, .width = 1}), -6);
-  EXPECT_EQ(refusalOf(kRgb420, {.nulls = {}, .width = 1}), 0);
+  EXPECT_EQ(rejectionOf(k565, {.nulls = {}, .width = 1}), -6);
+  EXPECT_EQ(rejectionOf(kRgb420, {.nulls = {}, .width = 1}), 0);
 }
 
 TEST(OracleEncodeYuv, NullPlaneWithAnEmptyRegion) {
   const CallFacts facts{.nulls = {Argument::DstPlanes}, .width = 0};
-  for (std::string_view name : {kRgb420, kRgb422}) EXPECT_EQ(refusalOf(name, facts), -6);
-  for (std::string_view name : {k555, k565}) EXPECT_EQ(refusalOf(name, facts), -8);
+  for (std::string_view name : {kRgb420, kRgb422}) EXPECT_EQ(rejectionOf(name, facts), -6);
+  for (std::string_view name : {k555, k565}) EXPECT_EQ(rejectionOf(name, facts), -8);
 }
 
 TEST(OracleEncodeYuv, EverySizeFromOneToNine) {

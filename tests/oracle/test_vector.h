@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Decoding calls in the vector variants, for the oracle's own tests.
+// Decoding calls in the SIMD variants, for the oracle's own tests.
 
 #ifndef TESTS_ORACLE_TEST_VECTOR_H_
 #define TESTS_ORACLE_TEST_VECTOR_H_

@@ -2,7 +2,7 @@
 //
 // The colour twist of signed 8-bit images. Its float operations are made one by one and in order,
 // under any compiler options that keep to the arithmetic of the language. In mx they follow the
-// rounding mode that holds when the call is made; in the vector variants they round to nearest.
+// rounding mode that holds when the call is made; in the SIMD variants they round to nearest.
 
 #ifndef TESTS_ORACLE_TWIST_H_
 #define TESTS_ORACLE_TWIST_H_
@@ -18,7 +18,7 @@ namespace oracle {
 // pixel, each -128 to 127. A value that is not a number gives 0.
 int twistChannel(const float row[4], int s0, int s1, int s2);
 
-// The same in the vector variants: the constant is added last, a value that is not a number gives
+// The same in the SIMD variants: the constant is added last, a value that is not a number gives
 // 127, and the rounding mode of the caller does not matter. It is as before afterwards, and so are
 // the flags of exceptions.
 int vectorTwistChannel(const float row[4], int s0, int s1, int s2);

@@ -13,7 +13,7 @@
 
 namespace oracle {
 
-// In slot order. All but mx are vector variants. Depth conversion alone is the same in all of them
+// In slot order. All but mx are SIMD variants. Depth conversion alone is the same in all of them
 // for every input.
 enum class Variant {
 #define VARIANT(tag, ...) tag,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the forms of the vector variants to known values, for all samples.
+// Holds the forms of the SIMD variants to known values, for all samples.
 #include "tests/oracle/vector_chains.h"
 
 #include <gtest/gtest.h>
@@ -244,7 +244,7 @@ TEST(OracleVectorTail, PixelOf555ByMasksIsThePlainOne) {
   EXPECT_EQ(wrong, 0);
 }
 
-// ---- Dither in lanes ---------------------------------------------------------------------------
+// ---- Dither in SIMD ---------------------------------------------------------------------------
 
 template <typename Visit>
 void forAllPlacesAndValues(Visit visit) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Decoding in the six vector variants, column by column. A row begins with columns that vector
+// Decoding in the six SIMD variants, column by column. A row begins with columns that vector
 // blocks decode; scalar code decodes the others.
 
 #ifndef TESTS_ORACLE_VECTOR_DECODE_H_
@@ -24,7 +24,7 @@ Rgb stagedYuvChain(int y, int u, int v);
 // The scalar form of the two interleaved 4:2:2 kernels of 256 bits.
 Rgb decodeWideLanesTail(int y, int cb, int cr);
 
-// The dither in lanes. Each gives the field of its scalar twin, for every component and entry of
+// The dither in SIMD. Each gives the field of its scalar twin, for every component and entry of
 // the matrix: decode() makes no difference between them.
 int laneDither4(int value, int threshold);
 int laneDither5(int value, int threshold);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Encoding in the six vector variants, column by column. A row begins with columns that vector
+// Encoding in the six SIMD variants, column by column. A row begins with columns that vector
 // blocks encode; scalar code encodes the others. A block truncates each product by itself, so its
 // bytes are not always those of the scalar code.
 

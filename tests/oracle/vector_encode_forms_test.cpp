@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the arithmetic of encoding in lanes to known values, over all pixels and all reachable
+// Holds the arithmetic of encoding in SIMD to known values, over all pixels and all reachable
 // sums.
 #include <gtest/gtest.h>
 
@@ -214,7 +214,7 @@ TEST(OracleLaneYCbCr, ChromaOfGreys) {
   }
 }
 
-// In lanes 2247 - (1515 + 2532) + 8200 = 6400 and 4495 - (3030 + 5065) + 16400 = 12800: just 100.
+// In SIMD 2247 - (1515 + 2532) + 8200 = 6400 and 4495 - (3030 + 5065) + 16400 = 12800: just 100.
 // Without the truncation of each product the Cb of this colour is 99.99.
 TEST(OracleLaneYCbCr, CbThatTruncationRaises) {
   for (int n : {2, 4}) {
@@ -225,7 +225,7 @@ TEST(OracleLaneYCbCr, CbThatTruncationRaises) {
   }
 }
 
-// In lanes 1123 - (4333 + 254) + 8200 = 4736 and 2247 - (8667 + 508) + 16400 = 9472: just 74.
+// In SIMD 1123 - (4333 + 254) + 8200 = 4736 and 2247 - (8667 + 508) + 16400 = 9472: just 74.
 TEST(OracleLaneYCbCr, CrThatTruncationRaises) {
   for (int n : {2, 4}) {
     EXPECT_EQ(laneCr(40 * n, 184 * n, 56 * n, n), 74);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the encoding of the vector variants to known columns and bytes.
+// Holds the encoding of the SIMD variants to known columns and bytes.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -93,7 +93,7 @@ std::uint16_t wordFor(const Encoder& encoder, const Colour& colour) {
 }
 
 // Red 160, green 136, blue 80. Luma 5263 + 8773 + 1003 + 2112 = 17151 is one below 134 * 128, and
-// 134.005 without the truncations. Cb is 100 in lanes, and 99.99 in one piece. Red 40, green 184,
+// 134.005 without the truncations. Cb is 100 in SIMD, and 99.99 in one piece. Red 40, green 184,
 // blue 56 is one code off in luma and Cr.
 constexpr Colour kCbColour = {0x522A, 0xA44A, {133, 100, 142}, {134, 99, 142}};
 constexpr Colour kCrColour = {0x16E7, 0x2DC7, {124, 93, 74}, {125, 93, 73}};
@@ -133,7 +133,7 @@ struct Layout {
   int groupWidth;
   bool rowPairs, interleaved, crFirst;
   bool wholeLuma;   // whatever is in no group has its luma
-  bool lumaBeyond;  // the same in the columns alone, and in the vector variants alone
+  bool lumaBeyond;  // the same in the columns alone, and in the SIMD variants alone
 
   int lumaWidth(int width) const {
     return wholeLuma || lumaBeyond ? width : width / groupWidth * groupWidth;
@@ -275,7 +275,7 @@ TEST(OracleVectorEncode, PixelsOfAGroup) {
   EXPECT_EQ(square.plane[2], byteRows({{155, 155}}, 2));
 }
 
-// The Y, Cb, Y and Cr of a pair, and of an odd pixel behind the blocks Y and Cb.
+// The Y, Cb, Y and Cr of a pair, and of an odd pixel after the blocks Y and Cb.
 TEST(OracleVectorEncode, InterleavedBytes) {
   const EncodeScene nine = filled("BGR555ToYCbCr422_16u8u_C3C2R", kCbColour.word555, 9, 1);
   EXPECT_EQ(nine.plane[0], byteRows({{133, 100, 133, 142, 133, 100, 133, 142, 133, 100, 133, 142,
@@ -303,7 +303,7 @@ TEST(OracleVectorEncode, OddLastRowIsThatOfTheReference) {
   EXPECT_EQ(scene.plane[1], byteRows({{100, 100}}, 2));
 }
 
-// Behind the last group BGR555 gives luma in the vector variants, and no one else does.
+// After the last group BGR555 gives luma in the SIMD variants, and no one else does.
 TEST(OracleVectorEncode, LumaBehindTheLastGroupOf411) {
   for (int slot = 0; slot < 7; ++slot) {
     const auto variant = static_cast<Variant>(slot);

@@ -17,7 +17,7 @@
 namespace oracle {
 namespace {
 
-// Planes of exactly the bytes that a region needs, and a few more behind the last row of luma and
+// Planes of exactly the bytes that a region needs, and a few more after the last row of luma and
 // of chroma.
 Planes planesWithRoom(int width, int height, int moreLuma, int moreChroma) {
   Planes planes(width, height, (width + 1) / 2, (height + 1) / 2);
@@ -197,7 +197,7 @@ TEST(OracleVectorPairs, PlainYuvBlockTooManyDecodesWhatFollowsInMemory) {
     for (int width : {4, 5, 12, 13}) {
       for (int height : {2, 3, 4}) {
         const bool even = width % 2 == 0, oddRow = height % 2 == 1;
-        // An odd last row stands behind the last pair, and is room enough.
+        // An odd last row stands after the last pair, and is room enough.
         const Planes planes = planesWithRoom(width, height,
                                              oddRow ? 0
                                              : even ? 2
@@ -406,7 +406,7 @@ TEST(OracleVectorPairs, BlockTooManyOfAnUpperRowCoversTheLowerRowsFirstColumns) 
   }
 }
 
-// The scalar store of the odd last column comes behind the block too many.
+// The scalar store of the odd last column comes after the block too many.
 TEST(OracleVectorPairs, OddLastColumnIsStoredOverTheBlockTooMany) {
   const Canvas canvas = decodedFrom(Source::uniform(0, 5, 184), "YUV420ToBGR555_8u16u_P3C3R",
                                     Variant::m7, kStep, 5, 2);

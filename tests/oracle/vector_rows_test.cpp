@@ -152,7 +152,7 @@ TEST(OracleVector422, InL9TheRgbTwinIsNotTheMirrorImage) {
   EXPECT_EQ(rgb, decodedBytes("YCbCr422ToRGB555_8u16u_C2C3R", Variant::e9, row, 18, 9, 1));
 }
 
-// The bytes ahead of the last luma and behind it are the chroma of an odd last pixel.
+// The bytes before the last luma and after it are the chroma of an odd last pixel.
 TEST(OracleVector422, InL9TheOddLastPixelTakesCbBehindAndCrAheadOfItsLuma) {
   for (int width : {3, 9, 17, 25}) {
     const Bytes row = noise(static_cast<std::size_t>(2 * width), 6);
@@ -167,7 +167,7 @@ TEST(OracleVector422, InL9TheOddLastPixelTakesCbBehindAndCrAheadOfItsLuma) {
   }
 }
 
-// The rows lie three bytes apart. The byte ahead of the first is outside of the image.
+// The rows lie three bytes apart. The byte before the first is outside of the image.
 TEST(OracleVector422, InL9Width1TakesTheByteAheadOfEachRowAndPacks) {
   const Bytes bytes = {200, 100, 90, 60, 120, 30, 210, 77, 10};
   for (auto [name, depth] :
@@ -183,7 +183,7 @@ TEST(OracleVector422, InL9Width1TakesTheByteAheadOfEachRowAndPacks) {
   }
 }
 
-// All others store three bytes, and read none ahead of the row.
+// All others store three bytes, and read none before the row.
 TEST(OracleVector422, InterleavedPlainWidth1IsThreeBytesElsewhere) {
   const Bytes row = {100, 90};
   for (std::string_view name : namesFrom("YCbCr422To")) {

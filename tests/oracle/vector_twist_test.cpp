@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the colour twist of the vector variants to known values.
+// Holds the colour twist of the SIMD variants to known values.
 #include <gtest/gtest.h>
 
 #include <array>

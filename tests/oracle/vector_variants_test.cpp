@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Holds the vector variants to one another and to the reference.
+// Holds the SIMD variants to one another and to the reference.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -14,18 +14,18 @@
 namespace oracle {
 namespace {
 
-// Widths around every size of a block, with 1 left out where a family refuses it.
+// Widths around every size of a block, with 1 left out where a family rejects it.
 constexpr int kWidths[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13, 15, 16, 17, 24, 25, 31, 32, 33};
 constexpr int kStep = 76;
 
-bool refuses(std::string_view name, int width) {
+bool rejects(std::string_view name, int width) {
   return width < 4 && name.starts_with("YCbCr411");
 }
 
 template <typename Visit>
 void forAllSizes(std::string_view name, Visit visit) {
   for (int width : kWidths) {
-    if (refuses(name, width)) continue;
+    if (rejects(name, width)) continue;
     for (int height = 1; height <= 5; ++height) visit(width, height);
   }
 }
@@ -127,7 +127,7 @@ TEST(OracleVectorVariants, StatusIsThatOfTheReference) {
 
 // ---- Pixels ------------------------------------------------------------------------------------
 
-// The forms of a name, in and behind the vector columns.
+// The forms of a name, in and after the vector columns.
 struct Forms {
   Rgb (*inColumns)(int, int, int);
   Rgb (*behind)(int, int, int);

@@ -65,7 +65,7 @@ const Offsets kWrappedPixelPairs = {0,    2147483584, 4294967168, 6442450752,
 constexpr std::size_t kRowBytes = 32;
 constexpr int kPlaneGap = 64;
 
-// Copies the rows out of a room, one behind the other.
+// Copies the rows out of a room, one after the other.
 Bytes gathered(const std::uint8_t* first, const Offsets& offsets) {
   Bytes rows;
   for (std::int64_t offset : offsets) {

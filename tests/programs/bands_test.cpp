@@ -31,7 +31,7 @@ class Bands : public ProgramTest {
   }
 };
 
-// Widths that end in every way; yuv420 writes into the room behind rows of 12, 13 and 20.
+// Widths that end in every way; yuv420 writes into the room after rows of 12, 13 and 20.
 const char* const kWidths[] = {"4", "5", "12", "13", "20", "31", "64"};
 
 TEST_F(Bands, PlainAndDitheredPicturesAreThoseOfOneCall) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Clips that y4m2png refuses with one line and without a picture.
+// Clips that y4m2png rejects with one line and without a picture.
 #include <string>
 #include <vector>
 

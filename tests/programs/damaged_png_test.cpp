@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures that png2y4m refuses with one line and without a clip.
+// Pictures that png2y4m rejects with one line and without a clip.
 #include <string>
 #include <vector>
 
@@ -17,7 +17,7 @@ constexpr size_t kHeader = 12 + 13;  // the chunk with the size
 
 class DamagedPng : public ProgramTest {
  protected:
-  // A picture is refused by name, from a file and from standard input.
+  // A picture is rejected by name, from a file and from standard input.
   void expectRefusal(const std::string& bytes, const std::string& reason) const {
     store("in.png", bytes);
     EXPECT_TRUE(failedWith(png2y4m({"--via=bgr565", "--chroma=422", "in.png", "out.y4m"}), 1,

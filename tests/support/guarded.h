@@ -26,8 +26,8 @@ class GuardedBytes {
   std::size_t size_;  // leastSize, rounded up to whole pages
 };
 
-// Which guard page an image touches: its first byte is the first behind one, or its last byte the
-// last ahead of the other.
+// Which guard page an image touches: its first byte is the first after one, or its last byte the
+// last before the other.
 enum class Against { FirstPage, LastPage };
 
 // The byte that row offsets count from, for an image whose outermost byte stands `distance` bytes

@@ -16,7 +16,7 @@ void releasePages(void* pages, std::size_t bytes);
 
 // Lets whole pages of a reservation, or of the program itself, be touched so. Those of a
 // reservation are zero at first; what stands in a page stays when its access changes. False where
-// the system refuses.
+// the system rejects.
 bool setAccess(void* pages, std::size_t bytes, Access access);
 
 // While it lives, the first write to each of some pages is noted and let through. They are pages of

@@ -29,7 +29,7 @@ bool writesNothing(const Conversion& c, int variant, int width, int height) {
   return variant > 0 && c.has("422To") && c.has("P3C3R") && width == 1;
 }
 
-// 4:2:0 in the variants with blocks: two columns behind an odd corner under dither; without it, in
+// 4:2:0 in the SIMD variants: two columns after an odd corner under dither; without it, in
 // YUV, two columns from the even width on where the last block is one of four.
 void goBeyondTheRegion(const Conversion& c, int w, int h, Shape& shape) {
   if (c.has("Dither") && (w & 1) && (h & 1)) {
@@ -71,7 +71,7 @@ Shape encodeShape(const Conversion& c, int variant, int w, int h) {
   const int evenW = w & ~1, evenH = h & ~1;
   if (c.has("C3C2R")) return {pixels, {{2 * w, h}}, false};
   if (c.has("411")) {
-    // Of BGR555, variants with blocks give the leftover columns their luma.
+    // Of BGR555, SIMD variants give the remaining columns their luma.
     const int columns = variant > 0 && c.has("BGR555") ? w : w & ~3;
     return {{{2 * columns, h}}, {{columns, h}, {w / 4, h}, {w / 4, h}}, false};
   }

@@ -12,7 +12,7 @@
 struct PlaneShape {
   int rowBytes;  // of the region; 0 where nothing of the plane is touched
   int rows;
-  // What variants with blocks touch beyond the region, in bytes.
+  // What SIMD variants touch beyond the region, in bytes.
   int behindLastRow = 0;
   int behindPairs = 0;  // behind each row that belongs to a pair of luma rows
   int pairedRows = 0;   // how many rows of this plane do

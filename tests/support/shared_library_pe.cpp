@@ -25,7 +25,7 @@ std::vector<char> fileOf(HMODULE module) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// A symbol's name: eight characters, or zero and a place in the strings behind the symbols.
+// A symbol's name: eight characters, or zero and a place in the strings after the symbols.
 std::string nameOf(const IMAGE_SYMBOL& symbol, const char* strings) {
   if (symbol.N.Name.Short == 0) return strings + symbol.N.Name.Long;
   const char* const name = reinterpret_cast<const char*>(symbol.N.ShortName);

@@ -14,8 +14,8 @@ inline constexpr unsigned untouchedWord = 0x5A5A;
 inline constexpr std::uint8_t untouchedByte = 0x5A;
 
 // The pixels of a decoding conversion, row after row; `planes` are one interleaved image or three
-// planes. Four pixels of room follow, which stay untouched in plain code. `status` is what the call
-// must answer.
+// planes. Four pixels of room follow, which stay untouched in scalar code. `status` is what the
+// call must return.
 Words decoded(std::string_view name, std::vector<Bytes> planes, int width, int height,
               int status = 0);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Components in lanes to packed pixels, a register of even columns and one of odd columns at once:
+// Components in SIMD to packed pixels, a register of even columns and one of odd columns at once:
 // narrowing clamps the components to bytes whose top bits are the levels, and the fields are put
 // together as bytes.
 #ifndef PXM_VECTOR_DECODE_PACK_INL

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Samples of neighbouring columns in lanes: even columns in one register, odd columns in another.
+// Samples of neighbouring columns in SIMD: even columns in one register, odd columns in another.
 // Both share the chroma of a pair, and neither splitting nor joining crosses a register's halves.
 #ifndef PXM_VECTOR_DECODE_SAMPLES_INL
 #define PXM_VECTOR_DECODE_SAMPLES_INL

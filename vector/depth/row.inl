@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Depth conversion in lanes. Bits only move, so every way gives the bytes of the scalar loop, which
+// Depth conversion in SIMD. Bits only move, so every way gives the bytes of the scalar loop, which
 // takes rows that are too narrow for a block, and the tail.
 #ifndef PXM_VECTOR_DEPTH_ROW_INL
 #define PXM_VECTOR_DEPTH_ROW_INL

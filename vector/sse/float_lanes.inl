@@ -132,7 +132,7 @@ PXM_INLINE __m128i fourBytes(const int8_t* p) {
 }
 
 // Four pixels of four bytes in the upper three bytes of lanes. The first pixels of a row have no
-// byte before them to read; behind the last pixel none is read.
+// byte before them to read; after the last pixel none is read.
 PXM_INLINE __m128i firstFourPixels(const int8_t* p) {
   return _mm_slli_si128(sixteenBytes(p), 1);
 }

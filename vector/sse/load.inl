@@ -47,7 +47,7 @@ struct Loads<I16x8> {
   }
 
  private:
-  // Two pixels of three bytes, and two bytes behind them. The last two of a block come without
+  // Two pixels of three bytes, and two bytes after them. The last two of a block come without
   // those.
   PXM_INLINE static __m128i twoPixels(const uint8_t* p) { return loadBytes<8>(p); }
   PXM_INLINE static __m128i twoLastPixels(const uint8_t* p) {
