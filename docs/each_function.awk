@@ -1,21 +1,6 @@
 # SPDX-License-Identifier: MIT
 # The header as the documentation site reads it: what is said once of a group of functions is said of
-# each of them, without the arguments that it lacks.
-
-function shared_with(prototype, lines, n, i, word, text, isLeftOut) {
-  n = split(shared, lines, "\n")
-  for (i = 1; i < n; i++) {
-    if (lines[i] ~ /@|^ \*$/) isLeftOut = 0
-    if (lines[i] ~ /@param /) {
-      word = lines[i]
-      sub(/.*@param +/, "", word)
-      sub(/ .*/, "", word)
-      isLeftOut = prototype !~ "[ *]" word "[],;)[]"
-    }
-    if (!isLeftOut) text = text lines[i] "\n"
-  }
-  return text
-}
+# each of them.
 
 /^\/\*\*$/ { block = $0 "\n"; inComment = 1; isGroup = 0; next }
 inComment {
@@ -34,13 +19,8 @@ inComment {
   }
   next
 }
-/^(pxmStatus|const pxmVersionRecord\*) legacy90/ { prototype = "" ; inPrototype = 1 }
-inPrototype {
-  prototype = prototype $0 "\n"
-  if (!/;$/) next
-  if (!hasOwn) printf "/**\n * @brief %s.\n%s */\n", title, shared_with(prototype)
-  printf "%s", prototype
-  inPrototype = hasOwn = 0
-  next
+/^(pxmStatus|const pxmVersionRecord\*) legacy90/ {
+  if (!hasOwn) printf "/**\n * @brief %s.\n%s */\n", title, shared
+  hasOwn = 0
 }
 { print }

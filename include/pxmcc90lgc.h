@@ -752,14 +752,12 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  * 0.
  *
  * C3: three bytes a pixel. AC4: four, the fourth being alpha: it plays no part, is not written, and
- * after the last pixel of a row not read. P3: three planes with one pitch. I: in place.
+ * after the last pixel of a row not read. P3: three planes with one pitch.
  *
  * @param src      the region's first pixel, or the first samples of three planes.
  * @param srcStep  source pitch in bytes, at least 1.
  * @param dst      where the results go, laid out as the source.
  * @param dstStep  destination pitch in bytes, at least 1.
- * @param srcDst   both of them, in place.
- * @param srcDstStep  their pitch in bytes, at least 1.
  * @param roiSize  width and height in pixels.
  * @param twist    twelve floats, row by row. Read only.
  *
@@ -767,9 +765,9 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  * after the call as before. Variant mx computes in the mode that it finds, the others to nearest:
  * if the mode was another they restore all of MXCSR, exception flags included.
  *
- * @return in this order: pxmStatusNullPointer if src, dst (or srcDst) or twist is null, then if one
- * of the planes is; pxmStatusBadSize if width or height is below 1; pxmStatusBadStep if a pitch is
- * below 1; pxmStatusOk.
+ * @return in this order: pxmStatusNullPointer if src, dst or twist is null, then if one of the
+ * planes is; pxmStatusBadSize if width or height is below 1; pxmStatusBadStep if a pitch is below
+ * 1; pxmStatusOk.
  * @{
  */
 
@@ -780,6 +778,24 @@ pxmStatus legacy90pxmiColorTwist32f_8s_AC4R(const signed char* src, int srcStep,
 pxmStatus legacy90pxmiColorTwist32f_8s_P3R(const signed char* src[3], int srcStep,
                                            signed char* dst[3], int dstStep, pxmSize roiSize,
                                            const float twist[3][4]);
+/** @} */
+
+/**
+ * @name Colour twist of signed 8-bit images, in place
+ *
+ * As above, with one image or one set of planes that is read and written.
+ *
+ * @param srcDst      the region's first pixel, or the first samples of three planes.
+ * @param srcDstStep  pitch in bytes, at least 1.
+ * @param roiSize     width and height in pixels.
+ * @param twist       twelve floats, row by row. Read only.
+ *
+ * @return in this order: pxmStatusNullPointer if srcDst or twist is null, then if one of the planes
+ * is; pxmStatusBadSize if width or height is below 1; pxmStatusBadStep if the pitch is below 1;
+ * pxmStatusOk.
+ * @{
+ */
+
 pxmStatus legacy90pxmiColorTwist32f_8s_C3IR(signed char* srcDst, int srcDstStep, pxmSize roiSize,
                                             const float twist[3][4]);
 pxmStatus legacy90pxmiColorTwist32f_8s_AC4IR(signed char* srcDst, int srcDstStep, pxmSize roiSize,
