@@ -62,7 +62,10 @@ constexpr Interval biasesFor(const Levels& levels, Folding folding, int factor, 
   return biases;
 }
 
-// Numbers with a factor near the slope of the levels.
+// Numbers with a factor near the slope of the levels. A factor that is off by k moves white against
+// black by k / 16 of a byte, and what bias and offset can make up for is a byte or two: so the
+// window has 8 above the slope and 24 below, where the offset adds. Were it too small, some place
+// would have no numbers, which the assertions at the end would not let pass.
 constexpr Numbers fold(Folding folding, int threshold, int change) {
   const int slope = 4096 * (255 - (255 >> folding.bits)) / 255;
   const Levels levels = levelsAt(folding.bits, threshold);
