@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every conversion of every level at every size to 80 by 8 in every layout, against the oracle. Run
 // as a whole, it closes with a table of the calls that were compared. PXM_TEST_STRIDE=n in the
-// environment takes every n-th layout, in turn over the sizes, for builds that are slow.
+// environment takes every n-th layout, other ones at each size, for builds that are slow.
 #include <gtest/gtest.h>
 
 #include <cstdio>

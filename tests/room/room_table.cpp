@@ -123,10 +123,8 @@ Facts factsOf(const Conversion& c, int variant, Sizes& all) {
       for (const std::string& fact : factsOf(shape.dst, regionOf(c, shape.dst, w, h), "write"))
         facts[fact].insert({w, h});
       if (c.kind != Kind::Decode) continue;
-      std::vector<PlaneShape> sources = shape.src;
-      for (PlaneShape& plane : sources) plane.rowBytes = plane.rowBytes ? plane.rowBytes : 0;
       if (shape.dst[0].rowBytes == 0) continue;  // nothing is read either
-      for (const std::string& fact : factsOf(sources, shape.src, "read"))
+      for (const std::string& fact : factsOf(shape.src, shape.src, "read"))
         facts[fact].insert({w, h});
     }
   return facts;

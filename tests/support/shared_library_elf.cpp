@@ -3,21 +3,12 @@
 #include <elf.h>
 #include <link.h>
 
-#include <cstring>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
+#include "tests/support/file_bytes.h"
 #include "tests/support/shared_library.h"
 
 namespace {
-
-template <class T>
-T at(const std::vector<char>& file, std::size_t offset) {
-  T value;
-  std::memcpy(&value, file.data() + offset, sizeof value);
-  return value;
-}
 
 // A name alone would be looked for among the installed libraries.
 std::string withFolder(const std::string& path) {
@@ -46,16 +37,15 @@ std::map<std::string, void*> hiddenSymbols(void* library) {
   std::map<std::string, void*> symbols;
   link_map* map = nullptr;
   if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0) return symbols;
-  std::ifstream stream(map->l_name, std::ios::binary);
-  const std::vector<char> file{std::istreambuf_iterator<char>(stream), {}};
-  const auto header = at<Elf64_Ehdr>(file, 0);
+  const std::vector<char> file = bytesOfFile(map->l_name);
+  const auto header = recordAt<Elf64_Ehdr>(file, 0);
   for (unsigned s = 0; s < header.e_shnum; ++s) {
-    const auto section = at<Elf64_Shdr>(file, header.e_shoff + s * sizeof(Elf64_Shdr));
+    const auto section = recordAt<Elf64_Shdr>(file, header.e_shoff + s * sizeof(Elf64_Shdr));
     if (section.sh_type != SHT_SYMTAB) continue;
     const auto strings =
-        at<Elf64_Shdr>(file, header.e_shoff + section.sh_link * sizeof(Elf64_Shdr));
+        recordAt<Elf64_Shdr>(file, header.e_shoff + section.sh_link * sizeof(Elf64_Shdr));
     for (std::size_t i = 0; i < section.sh_size; i += sizeof(Elf64_Sym)) {
-      const auto symbol = at<Elf64_Sym>(file, section.sh_offset + i);
+      const auto symbol = recordAt<Elf64_Sym>(file, section.sh_offset + i);
       if (symbol.st_shndx == SHN_UNDEF) continue;
       symbols.emplace(file.data() + strings.sh_offset + symbol.st_name,
                       reinterpret_cast<void*>(map->l_addr + symbol.st_value));

@@ -3,26 +3,17 @@
 
 #include <cstddef>
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
+#include "tests/support/file_bytes.h"
 #include "tests/support/shared_library.h"
 
 namespace {
 
-template <class T>
-T at(const std::vector<char>& file, std::size_t offset) {
-  T value;
-  std::memcpy(&value, file.data() + offset, sizeof value);
-  return value;
-}
-
 std::vector<char> fileOf(HMODULE module) {
   char path[MAX_PATH];
   if (GetModuleFileNameA(module, path, sizeof path) == 0) return {};
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  return bytesOfFile(path);
 }
 
 // A symbol's name: eight characters, or zero and a place in the strings after the symbols.
@@ -54,8 +45,8 @@ std::map<std::string, void*> hiddenSymbols(void* library) {
   std::map<std::string, void*> symbols;
   const std::vector<char> file = fileOf(static_cast<HMODULE>(library));
   if (file.empty()) return symbols;
-  const auto peHeader = static_cast<std::size_t>(at<IMAGE_DOS_HEADER>(file, 0).e_lfanew);
-  const auto header = at<IMAGE_NT_HEADERS64>(file, peHeader);
+  const auto peHeader = static_cast<std::size_t>(recordAt<IMAGE_DOS_HEADER>(file, 0).e_lfanew);
+  const auto header = recordAt<IMAGE_NT_HEADERS64>(file, peHeader);
   const std::size_t sections = peHeader + offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
                                header.FileHeader.SizeOfOptionalHeader;
   const std::size_t table = header.FileHeader.PointerToSymbolTable;
@@ -66,7 +57,7 @@ std::map<std::string, void*> hiddenSymbols(void* library) {
     std::memcpy(&symbol, file.data() + table + i * IMAGE_SIZEOF_SYMBOL, IMAGE_SIZEOF_SYMBOL);
     i += symbol.NumberOfAuxSymbols;
     if (symbol.SectionNumber <= 0) continue;
-    const auto section = at<IMAGE_SECTION_HEADER>(
+    const auto section = recordAt<IMAGE_SECTION_HEADER>(
         file, sections + static_cast<std::size_t>(symbol.SectionNumber - 1) *
                              sizeof(IMAGE_SECTION_HEADER));
     symbols.emplace(nameOf(symbol, strings),
