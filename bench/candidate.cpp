@@ -7,8 +7,8 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "catalogue/variants.h"
 #include "frame/dispatch.h"
-#include "tests/support/variants.h"
 
 namespace {
 

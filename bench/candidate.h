@@ -9,7 +9,7 @@
 
 #include "bench/images.h"
 #include "bench/work.h"
-#include "tests/hashes/loaded_library.h"
+#include "catalogue/loaded_library.h"
 
 // The instructions that another library may use. One that cannot be held to a class is Any and
 // stands beside every variant but those of scalar code.

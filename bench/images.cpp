@@ -6,7 +6,7 @@
 #include <cstring>
 #include <new>
 
-#include "tests/support/shapes.h"
+#include "catalogue/shapes.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "bench/work.h"
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 // Smooth colours that stay away from black, white and pure tones, with noise in the luma, which all
 // layouts keep: what a decoder or encoder makes of it hardly depends on how chroma is sampled.

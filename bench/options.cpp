@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <regex>
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/report.h"
 #include "bench/summary.h"
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "bench/report.h"
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

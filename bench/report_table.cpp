@@ -5,7 +5,7 @@
 
 #include "bench/report.h"
 #include "bench/summary.h"
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 std::string text(const char* format, ...) {
   char buffer[512];

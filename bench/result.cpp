@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/result.h"
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 const char* const peerNames[4] = {"libyuv", "swscale", "SDL", "pixman"};
 

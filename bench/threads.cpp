@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "bench/report.h"
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

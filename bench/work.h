@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 // How the samples of the YCbCr or YUV side stand in memory.
 enum class Layout { Planes444, Interleaved444, Planes422, Interleaved422, Planes420, Planes411 };

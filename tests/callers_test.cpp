@@ -11,12 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
 #include "frame/dispatch.h"
-#include "tests/support/calls.h"
 #include "tests/support/hand_written_call.h"
 #include "tests/support/pages.h"
 #include "tests/support/random.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // 4:2:0 by literal pixels: which chroma sample a pixel takes, and the edges of odd sizes.
 #include <gtest/gtest.h>
 
+#include "catalogue/variants.h"
 #include "tests/support/small_images.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
 #include "tests/support/random.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
-#include "tests/support/calls.h"
 #include "tests/support/stride.h"
-#include "tests/support/variants.h"
 
 namespace {
 

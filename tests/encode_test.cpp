@@ -4,9 +4,9 @@
 
 #include <cstring>
 
+#include "catalogue/variants.h"
 #include "include/pxmcc90lgc.h"
 #include "tests/support/small_images.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/variants.h"
 #include "frame/dispatch.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/argument_faults.h"
-#include "tests/support/variants.h"
 
 namespace {
 

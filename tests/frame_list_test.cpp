@@ -7,11 +7,11 @@
 #include <type_traits>
 #include <vector>
 
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
 #include "frame/dispatch.h"
 #include "frame/signatures.h"
 #include "tests/oracle/oracle.h"
-#include "tests/support/calls.h"
-#include "tests/support/variants.h"
 
 namespace {
 

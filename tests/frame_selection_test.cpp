@@ -6,9 +6,9 @@
 #include <set>
 #include <string_view>
 
+#include "catalogue/variants.h"
 #include "frame/dispatch.h"
 #include "tests/oracle/oracle.h"
-#include "tests/support/variants.h"
 
 namespace {
 

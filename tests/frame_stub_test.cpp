@@ -7,8 +7,8 @@
 #include <thread>
 #include <vector>
 
+#include "catalogue/conversions.h"
 #include "frame/dispatch.h"
-#include "tests/support/calls.h"
 #include "tests/support/meeting.h"
 
 extern "C" void LazyStartThunk();

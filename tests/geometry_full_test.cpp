@@ -8,10 +8,10 @@
 #include <map>
 #include <string>
 
+#include "catalogue/variants.h"
 #include "tests/support/geometry.h"
 #include "tests/support/memory.h"
 #include "tests/support/stride.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/variants.h"
 #include "tests/support/memory.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -10,10 +10,10 @@
 #include <thread>
 #include <vector>
 
+#include "catalogue/shared_library.h"
+#include "catalogue/variants.h"
 #include "include/pxmcc90lgc.h"
 #include "tests/support/meeting.h"
-#include "tests/support/shared_library.h"
-#include "tests/support/variants.h"
 
 namespace {
 

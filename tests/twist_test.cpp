@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
-#include "tests/support/calls.h"
 #include "tests/support/random.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <random>
 #include <vector>
 
-#include "tests/hashes/loaded_library.h"
+#include "catalogue/loaded_library.h"
 
 struct PlaneSize {
   int rowBytes, rows;

@@ -16,9 +16,9 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/loaded_library.h"
+#include "catalogue/variants.h"
 #include "tests/hashes/images.h"
-#include "tests/hashes/loaded_library.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include <string>
 
+#include "catalogue/variants.h"
 #include "examples/conversions.h"
 #include "examples/picture_buffers.h"
 #include "examples/y4m_header.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/shapes.h"
-#include "tests/support/variants.h"
+#include "catalogue/shapes.h"
+#include "catalogue/variants.h"
 
 namespace {
 
@@ -69,21 +69,21 @@ std::vector<std::string> factsOf(const std::vector<PlaneShape>& planes,
   if (nothing) return {does + "s nothing"};
   for (std::size_t i = 0; i < planes.size(); ++i) {
     if (i == 2) {
-      const bool isAlike = planes[1].behindLastRow == planes[2].behindLastRow &&
-                           planes[1].behindPairs == planes[2].behindPairs;
+      const bool isAlike = planes[1].afterLastRow == planes[2].afterLastRow &&
+                           planes[1].afterPairs == planes[2].afterPairs;
       if (!isAlike) throw std::logic_error("the chroma planes differ");
       break;
     }
     const std::string of = planes.size() == 1 ? "" : i == 0 ? " of luma" : " of each chroma plane";
     const PlaneShape &plane = planes[i], &whole = region[i];
-    if (plane.behindLastRow)
-      facts.push_back(does + "s " + counted(plane.behindLastRow, "byte") + " after the last row" +
+    if (plane.afterLastRow)
+      facts.push_back(does + "s " + counted(plane.afterLastRow, "byte") + " after the last row" +
                       of);
-    if (plane.behindPairs)
-      facts.push_back(does + "s " + counted(plane.behindPairs, "byte") +
+    if (plane.afterPairs)
+      facts.push_back(does + "s " + counted(plane.afterPairs, "byte") +
                       " after each row that is one of a pair" + of);
-    if (plane.aheadOfRows)
-      facts.push_back(does + "s " + counted(plane.aheadOfRows, "byte") + " before each row" + of);
+    if (plane.beforeRows)
+      facts.push_back(does + "s " + counted(plane.beforeRows, "byte") + " before each row" + of);
     if (plane.rowBytes > whole.rowBytes)
       facts.push_back(does + "s " + counted(plane.rowBytes, "byte") + " for a row of " +
                       std::to_string(whole.rowBytes));

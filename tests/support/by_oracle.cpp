@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
-#include "tests/support/variants.h"
 
 const float ordinaryTwist[3][4] = {
     {1.25f, -0.5f, 0.125f, 10.0f}, {-0.75f, 0.9f, 0.3f, -20.5f}, {0.1f, 0.2f, -1.7f, 0.5f}};

@@ -2,8 +2,8 @@
 #ifndef TESTS_SUPPORT_BY_ORACLE_H_
 #define TESTS_SUPPORT_BY_ORACLE_H_
 
+#include "catalogue/conversions.h"
 #include "tests/oracle/variants.h"
-#include "tests/support/calls.h"
 
 // A variant as the oracle knows it; throws where the oracle knows none of that tag.
 oracle::Variant oracleVariant(int variant);

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tests/support/shapes.h"
+#include "catalogue/shapes.h"
 
 // Readable and writable bytes with an inaccessible page directly on either side.
 class GuardedBytes {

@@ -6,8 +6,8 @@
 #include <ostream>
 #include <sstream>
 
+#include "catalogue/variants.h"
 #include "tests/support/by_oracle.h"
-#include "tests/support/variants.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include <memory>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
+#include "catalogue/shapes.h"
 #include "tests/support/guarded.h"
 #include "tests/support/random.h"
-#include "tests/support/shapes.h"
 
 // Where the images of a call lie. A plane's pitch is its row and the padding, and a little more for
 // each further plane, downwards or upwards.

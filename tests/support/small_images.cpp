@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 namespace {
 

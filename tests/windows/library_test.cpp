@@ -11,9 +11,9 @@
 #include <string_view>
 #include <vector>
 
+#include "catalogue/shared_library.h"
+#include "catalogue/variants.h"
 #include "include/pxmcc90lgc.h"
-#include "tests/support/shared_library.h"
-#include "tests/support/variants.h"
 
 namespace {
 

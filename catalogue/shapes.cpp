@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/shapes.h"
+#include "catalogue/shapes.h"
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 
@@ -33,15 +33,15 @@ bool writesNothing(const Conversion& c, int variant, int width, int height) {
 // YUV, two columns from the even width on where the last block is one of four.
 void goBeyondTheRegion(const Conversion& c, int w, int h, Shape& shape) {
   if (c.has("Dither") && (w & 1) && (h & 1)) {
-    shape.src[0].behindLastRow = 2;
-    shape.src[1].behindLastRow = shape.src[2].behindLastRow = 1;
-    shape.dst[0].behindLastRow = 4;
+    shape.src[0].afterLastRow = 2;
+    shape.src[1].afterLastRow = shape.src[2].afterLastRow = 1;
+    shape.dst[0].afterLastRow = 4;
   }
   if (!c.has("Dither") && c.has("YUV420To") && (w & 6) == 4) {
     const int columns = (w & 1) ? 1 : 2;
-    shape.src[0].behindPairs = columns;
-    shape.src[1].behindPairs = shape.src[2].behindPairs = columns - 1;
-    shape.dst[0].behindPairs = 2 * columns;
+    shape.src[0].afterPairs = columns;
+    shape.src[1].afterPairs = shape.src[2].afterPairs = columns - 1;
+    shape.dst[0].afterPairs = 2 * columns;
     shape.src[0].pairedRows = shape.dst[0].pairedRows = h & ~1;
     shape.src[1].pairedRows = shape.src[2].pairedRows = h / 2;
   }
@@ -52,7 +52,7 @@ Shape decodeShape(const Conversion& c, int variant, int w, int h) {
   if (writesNothing(c, variant, w, h)) return {{{0, 0}, {0, 0}, {0, 0}}, {{0, 0}}, false};
   if (c.has("_C2C3R")) {
     PlaneShape source = {2 * w, h};
-    if (w == 1 && isWidePacked(c, variant)) source.aheadOfRows = 1;
+    if (w == 1 && isWidePacked(c, variant)) source.beforeRows = 1;
     return {{source}, pixels, false};
   }
   if (c.has("8u16u_C3R")) return {{{3 * w, h}}, pixels, false};
@@ -109,9 +109,9 @@ std::vector<RowSpan> spans(const PlaneShape& plane, const std::vector<std::ptrdi
   std::vector<RowSpan> rows;
   for (int y = 0; y < plane.rows; ++y) {
     const std::ptrdiff_t offset = offsets[static_cast<std::size_t>(y)];
-    const int behind = (y + 1 == plane.rows ? plane.behindLastRow : 0) +
-                       (y < plane.pairedRows ? plane.behindPairs : 0);
-    rows.push_back({offset - plane.aheadOfRows, offset + plane.rowBytes + behind});
+    const int behind = (y + 1 == plane.rows ? plane.afterLastRow : 0) +
+                       (y < plane.pairedRows ? plane.afterPairs : 0);
+    rows.push_back({offset - plane.beforeRows, offset + plane.rowBytes + behind});
   }
   return rows;
 }

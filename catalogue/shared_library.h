@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A shared library as a program opens it at run time, by the system's own means.
-#ifndef TESTS_SUPPORT_SHARED_LIBRARY_H_
-#define TESTS_SUPPORT_SHARED_LIBRARY_H_
+#ifndef CATALOGUE_SHARED_LIBRARY_H_
+#define CATALOGUE_SHARED_LIBRARY_H_
 
 #include <map>
 #include <string>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The variants behind the exported names: which there are, which run, and how to take one. A
 // variant is a number, its row in frame/variants.def.
-#ifndef TESTS_SUPPORT_VARIANTS_H_
-#define TESTS_SUPPORT_VARIANTS_H_
+#ifndef CATALOGUE_VARIANTS_H_
+#define CATALOGUE_VARIANTS_H_
 
 #include <iterator>
 #include <stdexcept>
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 inline constexpr const char* variantTags[] = {
 #define VARIANT(tag, ...) #tag,

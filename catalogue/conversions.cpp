@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "tests/support/argument_lists.h"
+#include "catalogue/argument_lists.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "catalogue/variants.h"
 #include "frame/features.h"
-#include "tests/support/variants.h"
 
 namespace pxm {
 namespace {
@@ -38,7 +38,7 @@ bool machineHas(FeatureMask feature) {
       return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma") &&
              __builtin_cpu_supports("bmi") && __builtin_cpu_supports("bmi2");
   }
-  throw std::logic_error("tests/support/variants.cpp does not know how to ask for feature bit " +
+  throw std::logic_error("catalogue/variants.cpp does not know how to ask for feature bit " +
                          std::to_string(__builtin_ctzll(feature)));
 }
 

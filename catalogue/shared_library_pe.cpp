@@ -5,8 +5,8 @@
 #include <cstring>
 #include <vector>
 
+#include "catalogue/shared_library.h"
 #include "tests/support/file_bytes.h"
-#include "tests/support/shared_library.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 // The variants of a program that is linked to the shared object: the one that the processor gets.
 #include <stdexcept>
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

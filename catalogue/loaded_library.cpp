@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "tests/hashes/loaded_library.h"
+#include "catalogue/loaded_library.h"
 
 #include <stdexcept>
 
-#include "tests/support/argument_lists.h"
-#include "tests/support/shared_library.h"
+#include "catalogue/argument_lists.h"
+#include "catalogue/shared_library.h"
 
 namespace {
 

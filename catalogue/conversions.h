@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The conversions as data: names and how to call them by their exported names, never the expected
 // answer.
-#ifndef TESTS_SUPPORT_CALLS_H_
-#define TESTS_SUPPORT_CALLS_H_
+#ifndef CATALOGUE_CONVERSIONS_H_
+#define CATALOGUE_CONVERSIONS_H_
 
 #include <cstdint>
 #include <ostream>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 // A library as it stands in a file: its conversions by their exported names, in any variant.
-#ifndef TESTS_HASHES_LOADED_LIBRARY_H_
-#define TESTS_HASHES_LOADED_LIBRARY_H_
+#ifndef CATALOGUE_LOADED_LIBRARY_H_
+#define CATALOGUE_LOADED_LIBRARY_H_
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 struct LoadedConversion {
   std::string_view name;  // without the prefix of exports

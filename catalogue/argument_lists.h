@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // How CallArguments are passed through a pointer to any conversion.
-#ifndef TESTS_SUPPORT_ARGUMENT_LISTS_H_
-#define TESTS_SUPPORT_ARGUMENT_LISTS_H_
+#ifndef CATALOGUE_ARGUMENT_LISTS_H_
+#define CATALOGUE_ARGUMENT_LISTS_H_
 
 #include <array>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 namespace argument_lists {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 // Which bytes a conversion may touch: its planes, as rows at offsets from their first byte. The
 // rows are exactly what is read and written, so that guard pages may stand directly beside them.
-#ifndef TESTS_SUPPORT_SHAPES_H_
-#define TESTS_SUPPORT_SHAPES_H_
+#ifndef CATALOGUE_SHAPES_H_
+#define CATALOGUE_SHAPES_H_
 
 #include <cstddef>
 #include <vector>
 
-#include "tests/support/calls.h"
+#include "catalogue/conversions.h"
 
 struct PlaneShape {
   int rowBytes;  // of the region; 0 where nothing of the plane is touched
   int rows;
   // What SIMD variants touch beyond the region, in bytes.
-  int behindLastRow = 0;
-  int behindPairs = 0;  // behind each row that belongs to a pair of luma rows
-  int pairedRows = 0;   // how many rows of this plane do
-  int aheadOfRows = 0;
+  int afterLastRow = 0;
+  int afterPairs = 0;  // behind each row that belongs to a pair of luma rows
+  int pairedRows = 0;  // how many rows of this plane do
+  int beforeRows = 0;
 };
 
 struct Shape {
