@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "tests/examples/example.h"
+
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
+
+namespace examples {
+
+bool isIn(In in, int variant) {
+  const std::string_view tag = variantTags[variant];
+  switch (in) {
+    case In::Every:
+      return true;
+    case In::Scalar:
+      return tag == "mx";
+    case In::Simd:
+      return tag != "mx";
+    case In::L9:
+      return tag == "l9";
+    case In::SimdButL9:
+      return tag != "mx" && tag != "l9";
+  }
+  return false;
+}
+
+Bytes words(const std::vector<int>& values) {
+  Bytes bytes;
+  for (const int value : values) {
+    bytes.push_back(static_cast<std::uint8_t>(value & 0xFF));
+    bytes.push_back(static_cast<std::uint8_t>(value >> 8));
+  }
+  return bytes;
+}
+
+Bytes words(int count, int value) {
+  return words(std::vector<int>(static_cast<std::size_t>(count), value));
+}
+
+Bytes samples(int count, int value) {
+  return Bytes(static_cast<std::size_t>(count), static_cast<std::uint8_t>(value));
+}
+
+Bytes signedSamples(const std::vector<int>& values) {
+  Bytes bytes;
+  for (const int value : values) bytes.push_back(static_cast<std::uint8_t>(value));
+  return bytes;
+}
+
+Target rows(int pitch, const std::vector<Bytes>& bytes) {
+  Target target{pitch, {}};
+  for (int row = 0; const Bytes& each : bytes) target.after.push_back({pitch * row++, each});
+  return target;
+}
+
+Target pixelRows(int pitch, const std::vector<std::vector<int>>& pixels) {
+  std::vector<Bytes> bytes;
+  for (const std::vector<int>& row : pixels) bytes.push_back(words(row));
+  return rows(pitch, bytes);
+}
+
+Target equalPixels(int width, int height, int pitch, int value) {
+  return rows(pitch, std::vector<Bytes>(static_cast<std::size_t>(height), words(width, value)));
+}
+
+std::vector<std::string_view> namesOf(std::string_view front, std::string_view back, Kinds kinds) {
+  std::vector<std::string_view> names;
+  for (const Conversion& c : conversions()) {
+    const bool wanted = kinds == Kinds::Both || c.has("Dither") == (kinds == Kinds::Dither);
+    if (wanted && c.name.starts_with(front) && c.name.ends_with(back)) names.push_back(c.name);
+  }
+  return names;
+}
+
+}  // namespace examples
