@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <xmmintrin.h>
 
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -15,25 +14,9 @@
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
 #include "tests/support/random.h"
+#include "tests/support/rounding.h"
 
 namespace {
-
-constexpr unsigned roundingModes[] = {_MM_ROUND_NEAREST, _MM_ROUND_DOWN, _MM_ROUND_UP,
-                                      _MM_ROUND_TOWARD_ZERO};
-
-// Sets the processor's rounding mode for the life of the object.
-class RoundingMode {
- public:
-  explicit RoundingMode(unsigned mode) : before_(_mm_getcsr()) {
-    _mm_setcsr((before_ & ~0x6000u) | mode);
-  }
-  ~RoundingMode() { _mm_setcsr(before_); }
-  RoundingMode(const RoundingMode&) = delete;
-  RoundingMode& operator=(const RoundingMode&) = delete;
-
- private:
-  unsigned before_;
-};
 
 using Matrix = float[3][4];
 using Samples = std::vector<std::int8_t>;
@@ -124,135 +107,10 @@ TEST(Twist, HalvesRoundToEvenInEveryRoundingMode) {
   }
 }
 
-// The rounding of a value by itself: a matrix of constants.
-int rounded(float value) {
-  const Matrix matrix = {{0, 0, 0, value}, {0, 0, 0, 0}, {0, 0, 0, 0}};
-  const SelectedVariant plain(0);
-  return twisted({1, 2, 3}, matrix)[0];
-}
-
-TEST(Twist, LiteralRoundings) {
-  const std::pair<float, int> examples[] = {{2.5f, 2},       {3.5f, 4},     {-2.5f, -2},
-                                            {-3.5f, -4},     {0.5f, 0},     {1.5f, 2},
-                                            {126.5f, 126},   {126.7f, 127}, {-127.5f, -128},
-                                            {-128.0f, -128}, {200.0f, 127}, {-200.0f, -128}};
-  for (const auto& [value, byte] : examples) EXPECT_EQ(rounded(value), byte) << value;
-}
-
-TEST(Twist, IdentityKeepsEverySample) {
-  const Matrix identity = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}};
-  const Samples samples = manySamples();
-  EXPECT_EQ(twisted(samples, identity), samples);
-}
-
-TEST(Twist, ConstantBeyondTheRangeSaturatesItsChannelEverywhere) {
-  const Samples samples = manySamples();
-  for (const auto& [constant, byte] : {std::pair{200.0f, 127}, {-200.0f, -128}}) {
-    const Matrix matrix = {{0, 0, 0, constant}, {0, 1, 0, 0}, {0, 0, 1, 0}};
-    const Samples out = twisted(samples, matrix);
-    for (std::size_t i = 0; i < out.size(); ++i)
-      ASSERT_EQ(out[i], i % 3 == 0 ? byte : samples[i]) << i;
-  }
-}
-
-TEST(Twist, NanGivesZeroInPlainCode) {
-  const SelectedVariant plain(0);
-  const Matrix matrix = {{NAN, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}};
-  EXPECT_EQ(twisted({5, 6, 7, 0, 1, 2}, matrix), (Samples{0, 6, 7, 0, 1, 2}));
-}
-
-// 2^24 + 1 - 2^24 is 0 in float and 1 otherwise: the constant is added before the second product.
-TEST(Twist, ConstantIsAddedSecondInPlainCode) {
-  const SelectedVariant plain(0);
-  const Matrix matrix = {{1, -16777216.0f, 0, 16777216.0f}, {0, 0, 0, 0}, {0, 0, 0, 0}};
-  EXPECT_EQ(twisted({1, 1, 0}, matrix)[0], 0);
-  EXPECT_EQ(twisted({2, 1, 0}, matrix)[0], 2);
-}
-
-TEST(Twist, AlphaStaysAsItWas) {
-  const std::int8_t src[8] = {1, 2, 3, 99, 4, 5, 6, 98};
-  std::int8_t dst[8] = {0, 0, 0, 77, 0, 0, 0, 78};
-  EXPECT_EQ(legacy90pxmiColorTwist32f_8s_AC4R(src, 8, dst, 8, {2, 1}, ordinaryTwist), 0);
-  EXPECT_EQ(dst[3], 77);
-  EXPECT_EQ(dst[7], 78);
-  std::int8_t both[8] = {1, 2, 3, 99, 4, 5, 6, 98};
-  EXPECT_EQ(legacy90pxmiColorTwist32f_8s_AC4IR(both, 8, {2, 1}, ordinaryTwist), 0);
-  for (int i = 0; i < 8; ++i) EXPECT_EQ(both[i], i == 3 ? 99 : i == 7 ? 98 : dst[i]) << i;
-}
-
-TEST(Twist, InPlaceUsesTheSamplesThatWereThere) {
-  const Matrix rotation = {{0, 1, 0, 0}, {0, 0, 1, 0}, {1, 0, 0, 0}};
-  std::int8_t pixel[3] = {10, 20, 30};
-  EXPECT_EQ(legacy90pxmiColorTwist32f_8s_C3IR(pixel, 3, {1, 1}, rotation), 0);
-  EXPECT_EQ(pixel[0], 20);
-  EXPECT_EQ(pixel[1], 30);
-  EXPECT_EQ(pixel[2], 10);
-  std::int8_t planes[3] = {10, 20, 30};
-  std::int8_t* srcDst[3] = {planes, planes + 1, planes + 2};
-  EXPECT_EQ(legacy90pxmiColorTwist32f_8s_IP3R(srcDst, 1, {1, 1}, rotation), 0);
-  EXPECT_EQ(planes[0], 20);
-  EXPECT_EQ(planes[1], 30);
-  EXPECT_EQ(planes[2], 10);
-}
-
-// One pixel's first channel, in a variant and a rounding mode.
-int firstChannel(int variant, unsigned mode, const float (&row)[4], const Samples& pixel) {
-  const SelectedVariant selected(variant);
-  const RoundingMode inMode(mode);
-  const Matrix matrix = {{row[0], row[1], row[2], row[3]}, {0, 0, 0, 0}, {0, 0, 0, 0}};
-  return twisted(pixel, matrix)[0];
-}
-
 std::vector<int> runnableVectorVariants() {
   std::vector<int> variants = runnableVariants();
   std::erase(variants, 0);
   return variants;
-}
-
-// The four ways in which a variant in SIMD and scalar code may disagree.
-TEST(TwistDifferences, ConstantIsAddedLastInLanes) {
-  const float row[4] = {-0.29f, -0.52f, 1.99f, -1.22f};
-  EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {0, -63, 4}), 40);  // of 39.5
-  for (const int variant : runnableVectorVariants())
-    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {0, -63, 4}), 39);  // of 39.499996
-}
-
-TEST(TwistDifferences, NanGives127InLanes) {
-  for (int place = 0; place < 4; ++place) {
-    float row[4] = {1, 1, 1, 1};
-    row[place] = NAN;
-    EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {5, 6, 7}), 0);
-    for (const int variant : runnableVectorVariants())
-      EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {5, 6, 7}), 127);
-  }
-}
-
-TEST(TwistDifferences, JustBeyondAHalfRoundsAwayInLanes) {
-  const float beyond = 0.5f + 0x1p-24f;
-  for (const float sign : {1.0f, -1.0f}) {
-    const float row[4] = {0, 0, 0, sign * beyond};
-    EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {0, 0, 0}), 0);
-    for (const int variant : runnableVectorVariants())
-      EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, row, {0, 0, 0}), static_cast<int>(sign));
-  }
-}
-
-// 5 times 0.1 as a float is a little more than a half: 0.5 to nearest, and more than that upwards.
-TEST(TwistDifferences, LanesRoundToNearestInEveryMode) {
-  const float row[4] = {0.1f, 0, 0, 0};
-  EXPECT_EQ(firstChannel(0, _MM_ROUND_NEAREST, row, {5, 0, 0}), 0);
-  EXPECT_EQ(firstChannel(0, _MM_ROUND_UP, row, {5, 0, 0}), 1);
-  for (const int variant : runnableVectorVariants())
-    for (const unsigned mode : roundingModes)
-      EXPECT_EQ(firstChannel(variant, mode, row, {5, 0, 0}), 0);
-}
-
-TEST(Twist, WhatNoIntegerHoldsSaturatesInLanes) {
-  for (const int variant : runnableVariants()) {
-    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, 1e10f}, {0, 0, 0}), 127);
-    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, -1e10f}, {0, 0, 0}), -128);
-    EXPECT_EQ(firstChannel(variant, _MM_ROUND_NEAREST, {0, 0, 0, 2147483648.0f}, {0, 0, 0}), 127);
-  }
 }
 
 // MXCSR beyond the rounding mode: exception flags, their masks, and how denormals are treated.
@@ -332,7 +190,7 @@ TEST_P(TwistMxcsr, RaisesNoFlagThatNoPixelRaises) {
   }
 }
 
-TEST_P(TwistMxcsr, IsUntouchedByARefusedCall) {
+TEST_P(TwistMxcsr, IsUntouchedByARejectedCall) {
   for (const int variant : runnableVariants()) {
     const SelectedVariant selected(variant);
     for (const unsigned mode : roundingModes)
@@ -340,7 +198,7 @@ TEST_P(TwistMxcsr, IsUntouchedByARefusedCall) {
   }
 }
 
-TEST_P(TwistMxcsr, IsAsBeforeInPlainCodeButForFlags) {
+TEST_P(TwistMxcsr, IsAsBeforeInScalarCodeButForFlags) {
   const SelectedVariant plain(0);
   for (const unsigned mode : roundingModes)
     EXPECT_EQ(mxcsrAfter(masked | mode, GetParam(), 5, tenths) & ~flagBits, masked | mode);

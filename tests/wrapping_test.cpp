@@ -1,208 +1,208 @@
 // SPDX-License-Identifier: MIT
-// Row offsets that leave 32 bits. With a pitch of 2^30 bytes some offsets wrap as signed 32-bit
-// products and some do not; rows stand where each rule puts them, in a large reserved range of
-// addresses of which only those pages are mapped.
+// Row offsets that leave 32 bits: some wrap as signed 32-bit products and some do not. Rows far
+// apart, where each rule puts them, must give what the same rows give close together, in the oracle
+// and in the library; of the large range of addresses only the pages of those rows are mapped.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <map>
-#include <string>
 #include <vector>
 
-#include "include/pxmcc90lgc.h"
+#include "catalogue/conversions.h"
+#include "catalogue/variants.h"
+#include "tests/support/by_oracle.h"
 #include "tests/support/pages.h"
+#include "tests/support/random.h"
 
 namespace {
 
 constexpr std::int64_t GiB = std::int64_t{1} << 30;
-constexpr int pitch = 1 << 30;
+constexpr int height = 7;
+constexpr std::size_t rowBytes = 32;
 
-// Addresses from -8 to +8 GiB around `origin`, without memory.
+// The offsets of rows from the first, in bytes.
+using Offsets = std::vector<std::int64_t>;
+
+Offsets quartersOfGiB(Offsets counts) {
+  for (std::int64_t& count : counts) count *= GiB / 4;
+  return counts;
+}
+
+// A pitch of five quarters of a GiB.
+constexpr int pitch = 1342177280;
+const Offsets full = quartersOfGiB({0, 5, 10, 15, 20, 25, 30});
+const Offsets wrapped = quartersOfGiB({0, 5, -6, -1, 4, -7, -2});
+// Pairs of rows: the upper at the wrapped product, the lower one full pitch on.
+const Offsets wrappedPairs = quartersOfGiB({0, 5, -6, -1, 4, 9, -2});
+Offsets halved(Offsets offsets) {
+  for (std::int64_t& offset : offsets) offset /= 2;
+  return offsets;
+}
+
+// This many bytes are 1073741792 pixels, whose products wrap before they are doubled.
+constexpr int pixelPitch = 2147483584;
+const Offsets wrappedPixelPairs = {0,    2147483584, 4294967168, 6442450752,
+                                   -256, 2147483328, 4294966912};
+
+// Addresses from -8 to +9 GiB around an origin, of which rows are opened one by one.
 class Range {
  public:
-  Range() : all_(static_cast<std::uint8_t*>(reservePages(16 * GiB))) {}
-  ~Range() { releasePages(all_, 16 * GiB); }
+  Range() : all_(static_cast<std::uint8_t*>(reservePages(size))) {}
+  ~Range() { releasePages(all_, size); }
   Range(const Range&) = delete;
   Range& operator=(const Range&) = delete;
 
   std::uint8_t* origin() const { return all_ + 8 * GiB; }
 
-  // The page at an offset from the origin, filled with `value` when it is first asked for.
-  std::uint8_t* page(std::int64_t offset, std::uint8_t value = 0) {
-    if (!pages_[offset]) {
-      pages_[offset] = true;
-      setAccess(origin() + offset, 4096, Access::ReadWrite);
-      std::memset(origin() + offset, value, 4096);
+  // Rows with room on both sides.
+  void open(const Offsets& offsets) {
+    const auto page = static_cast<std::int64_t>(pageSize());
+    for (const std::int64_t offset : offsets) {
+      const std::int64_t first = (offset + 8 * GiB - 256) / page * page;
+      const std::int64_t end = offset + 8 * GiB + 512;
+      setAccess(all_ + first, static_cast<std::size_t>(end - first), Access::ReadWrite);
     }
-    return origin() + offset;
   }
 
  private:
+  static constexpr std::size_t size = 17 * GiB;
   std::uint8_t* all_;
-  std::map<std::int64_t, bool> pages_;
 };
 
-std::uint16_t wordAt(const std::uint8_t* bytes) {
-  std::uint16_t word;
-  std::memcpy(&word, bytes, sizeof word);
-  return word;
+// Where the rows of a conversion's planes lie, for a source pitch and a destination pitch.
+struct Rows {
+  Offsets src, srcChroma, dst, dstChroma;
+};
+
+int planesOf(const Conversion& c, bool source) {
+  if (c.kind == Kind::Decode) return source && c.has("P3C3R") ? 3 : 1;
+  if (c.kind == Kind::Encode) return !source && c.has("C3P3R") ? 3 : 1;
+  return 1;
 }
 
-using DecodePlanar = pxmStatus(const unsigned char* [3], int[3], unsigned short*, int, pxmSize);
-
-// In 4:2:0 the upper row of pair n stands at the wrapped product 2n * 2^30, the lower row one full
-// pitch on: rows 0, 1 at 0, 1 GiB, rows 2, 3 at -2, -1 GiB, row 4 at 0 again.
-void expectLumaOf420Wraps(DecodePlanar* convert) {
-  Range luma;
-  luma.page(0)[0] = 0x20;
-  luma.page(1 * GiB)[0] = 0x60;
-  luma.page(-2 * GiB)[0] = 0xA0;
-  luma.page(-1 * GiB)[0] = 0xE0;
-  const std::uint8_t neutral[2] = {128, 128};
-  const unsigned char* src[3] = {luma.origin(), neutral, neutral};
-  int srcStep[3] = {pitch, 0, 0};
-  std::uint16_t pixels[5][2] = {};
-  ASSERT_EQ(convert(src, srcStep, pixels[0], 4, {2, 5}), 0);
-  std::uint16_t expected[5];
-  for (int y = 0; y < 5; ++y) {
-    const std::uint8_t rows[5] = {0x20, 0x60, 0xA0, 0xE0, 0x20};
-    const std::uint8_t sample[2] = {rows[y], rows[y]};
-    const unsigned char* one[3] = {sample, neutral, neutral};
-    int steps[3] = {2, 1, 1};
-    std::uint16_t alone[2][2] = {};
-    const unsigned char pair[4] = {rows[y], rows[y], rows[y], rows[y]};
-    one[0] = pair;
-    ASSERT_EQ(convert(one, steps, alone[0], 4, {2, 2}), 0);
-    expected[y] = alone[0][0];
+// Planes of a conversion in memory of their own, far apart.
+class Far {
+ public:
+  Far(const Conversion& c, const Rows& rows, int width, int dstPitch) : rows_(rows) {
+    arguments_.size = {width, height};
+    Random random("wrapping");
+    for (int k = 0; k < planesOf(c, true); ++k) {
+      std::uint8_t* const first = ranges_[k].origin();
+      ranges_[k].open(source(k));
+      for (const std::int64_t offset : source(k))
+        for (std::size_t i = 0; i < rowBytes; ++i)
+          first[offset + static_cast<std::int64_t>(i)] =
+              static_cast<std::uint8_t>(random.below(256));
+      arguments_.src[k] = first;
+      arguments_.srcStep[k] = pitch;
+    }
+    for (int k = 0; k < planesOf(c, false); ++k) {
+      ranges_[3 + k].open(target(k));
+      arguments_.dst[k] = ranges_[3 + k].origin();
+      arguments_.dstStep[k] = dstPitch;
+    }
   }
-  for (int y = 0; y < 5; ++y) EXPECT_EQ(pixels[y][0], expected[y]) << "row " << y;
+
+  const CallArguments& arguments() const { return arguments_; }
+  const Offsets& source(int k) const { return k == 0 ? rows_.src : rows_.srcChroma; }
+  const Offsets& target(int k) const { return k == 0 ? rows_.dst : rows_.dstChroma; }
+
+ private:
+  const Rows& rows_;
+  Range ranges_[6];
+  CallArguments arguments_ = {};
+};
+
+std::vector<std::uint8_t> gathered(const std::uint8_t* first, const Offsets& offsets) {
+  std::vector<std::uint8_t> bytes;
+  for (const std::int64_t offset : offsets)
+    bytes.insert(bytes.end(), first + offset, first + offset + rowBytes);
+  return bytes;
 }
 
-TEST(Wrapping, LumaRowsOf420) {
-  expectLumaOf420Wraps(legacy90pxmiYCbCr420ToBGR565_8u16u_P3C3R);
-  expectLumaOf420Wraps(legacy90pxmiYUV420ToBGR565_8u16u_P3C3R);
-}
-
-// Chroma row n at the wrapped product n * 2^30: 0, 1, -2, -1 GiB, then 0 again.
-void expectChromaOf420Wraps(DecodePlanar* convert, int plane) {
-  Range chroma;
-  const std::int64_t offsets[5] = {0, 1 * GiB, -2 * GiB, -1 * GiB, 0};
-  const std::uint8_t values[5] = {0x10, 0x50, 0xB0, 0xF0, 0x10};
-  for (int n = 0; n < 4; ++n) chroma.page(offsets[n])[0] = values[n];
-  const std::uint8_t grey[2] = {0x80, 0x80}, neutral[1] = {128};
-  const unsigned char* src[3] = {grey, neutral, neutral};
-  int srcStep[3] = {0, 0, 0};
-  src[plane] = chroma.origin();
-  srcStep[plane] = pitch;
-  std::uint16_t pixels[10][2] = {};
-  ASSERT_EQ(convert(src, srcStep, pixels[0], 4, {2, 10}), 0);
-  for (int n = 0; n < 5; ++n) {
-    const unsigned char* one[3] = {grey, neutral, neutral};
-    one[plane] = values + n;
-    int steps[3] = {0, 0, 0};
-    std::uint16_t alone[2][2] = {};
-    ASSERT_EQ(convert(one, steps, alone[0], 4, {2, 2}), 0);
-    EXPECT_EQ(pixels[2 * n][0], alone[0][0]) << "chroma row " << n;
+// One call far apart and one close together.
+template <typename Convert>
+void expectSame(const Conversion& c, const Rows& rows, int width, int dstPitch, Convert convert) {
+  const Far far(c, rows, width, dstPitch);
+  const CallArguments& a = far.arguments();
+  CallArguments close = a;
+  std::vector<std::uint8_t> planes[6];
+  for (int k = 0; k < planesOf(c, true); ++k) {
+    planes[k] = gathered(a.src[k], far.source(k));
+    planes[k].resize(planes[k].size() + 64);  // some variants read on at odd sizes
+    close.src[k] = planes[k].data();
+    close.srcStep[k] = rowBytes;
+  }
+  for (int k = 0; k < planesOf(c, false); ++k) {
+    planes[3 + k].resize(rowBytes * far.target(k).size() + 64);
+    close.dst[k] = planes[3 + k].data();
+    // Three bytes a pixel stand half a pitch apart.
+    close.dstStep[k] = width == 1 ? 2 * int{rowBytes} : int{rowBytes};
+  }
+  EXPECT_EQ(convert(a), convert(close));
+  for (int k = 0; k < planesOf(c, false); ++k) {
+    planes[3 + k].resize(rowBytes * far.target(k).size());
+    EXPECT_EQ(gathered(a.dst[k], far.target(k)), planes[3 + k]) << c.name << ", plane " << k;
   }
 }
 
-TEST(Wrapping, ChromaRowsOf420) {
-  for (const int plane : {1, 2}) {
-    expectChromaOf420Wraps(legacy90pxmiYCbCr420ToBGR565_8u16u_P3C3R, plane);
-    expectChromaOf420Wraps(legacy90pxmiYUV420ToBGR565_8u16u_P3C3R, plane);
+void expectRows(const std::vector<std::string_view>& names, const Rows& rows, int width = 5,
+                int dstPitch = pitch) {
+  for (const std::string_view name : names) {
+    const Conversion& c = conversionNamed(name);
+    for (int variant = 0; variant < variantCount; ++variant)
+      expectSame(c, rows, width, dstPitch,
+                 [&](const CallArguments& a) { return convertByOracle(c, variant, a); });
+    for (const int variant : runnableVariants()) {
+      const SelectedVariant selected(variant);
+      expectSame(c, rows, width, dstPitch, [&](const CallArguments& a) { return int{c.call(a)}; });
+    }
   }
 }
 
-// A destination pitch of 2^30 bytes is 2^29 pixels; row 4 is the first product that wraps, to
-// -2^31 pixels, which is -4 GiB.
-void expectDestinationOf420Wraps(DecodePlanar* convert) {
-  Range pixels;
-  for (const std::int64_t offset : {0, 1, 2, 3, -4, -3}) pixels.page(offset * GiB, 0x5A);
-  const std::uint8_t luma[12] = {16, 16, 50, 50, 90, 90, 130, 130, 170, 170, 210, 210};
-  const std::uint8_t neutral[1] = {128};
-  const unsigned char* src[3] = {luma, neutral, neutral};
-  int srcStep[3] = {2, 0, 0};
-  ASSERT_EQ(
-      convert(src, srcStep, reinterpret_cast<unsigned short*>(pixels.origin()), pitch, {2, 6}), 0);
-  std::uint16_t tight[6][2] = {};
-  ASSERT_EQ(convert(src, srcStep, tight[0], 4, {2, 6}), 0);
-  const std::int64_t rows[6] = {0, 1, 2, 3, -4, -3};
-  for (int y = 0; y < 6; ++y)
-    EXPECT_EQ(wordAt(pixels.origin() + rows[y] * GiB), tight[y][0]) << "row " << y;
+TEST(Wrapping, Decoders420WrapEverywhere) {
+  const Offsets chroma(wrapped.begin(), wrapped.begin() + 4);
+  expectRows({"YCbCr420ToBGR565_8u16u_P3C3R", "YCbCr420ToRGB444Dither_8u16u_P3C3R",
+              "YUV420ToBGR565_8u16u_P3C3R", "YUV420ToRGB555Dither_8u16u_P3C3R"},
+             {wrappedPairs, chroma, wrappedPixelPairs, {}}, 4, pixelPitch);
 }
 
-TEST(Wrapping, DestinationRowsOf420) {
-  expectDestinationOf420Wraps(legacy90pxmiYCbCr420ToBGR565_8u16u_P3C3R);
-  expectDestinationOf420Wraps(legacy90pxmiYUV420ToBGR565_8u16u_P3C3R);
+TEST(Wrapping, PlanarDecoders422WrapTheirSources) {
+  expectRows({"YCbCr422ToBGR565_8u16u_P3C3R", "YCbCr422ToRGB444Dither_8u16u_P3C3R"},
+             {wrapped, wrapped, full, {}});
 }
 
-// Planar 4:2:2 wraps in its sources: rows at 0, 1, -2, -1, 0 GiB. Its destination does not.
-TEST(Wrapping, SourceRowsOfPlanar422AndNotItsDestination) {
-  Range luma, pixels;
-  const std::int64_t offsets[5] = {0, 1, -2, -1, 0};
-  for (int n = 0; n < 4; ++n)
-    luma.page(offsets[n] * GiB)[0] = static_cast<std::uint8_t>(40 + 40 * n);
-  for (int n = 0; n < 5; ++n) pixels.page(n * GiB, 0x5A);
-  luma.page(0)[1] = luma.page(1 * GiB)[1] = luma.page(-2 * GiB)[1] = luma.page(-1 * GiB)[1] = 16;
-  const std::uint8_t neutral[1] = {128};
-  const unsigned char* src[3] = {luma.origin(), neutral, neutral};
-  int srcStep[3] = {pitch, 0, 0};
-  auto* dst = reinterpret_cast<unsigned short*>(pixels.origin());
-  ASSERT_EQ(legacy90pxmiYCbCr422ToBGR565_8u16u_P3C3R(src, srcStep, dst, pitch, {2, 5}), 0);
-  // 1.164 (Y - 16): 27, 74, 121, 167.
-  const int greens[5] = {27 >> 2, 74 >> 2, 121 >> 2, 167 >> 2, 27 >> 2};
-  for (int y = 0; y < 5; ++y)
-    EXPECT_EQ(wordAt(pixels.origin() + y * GiB) >> 5 & 63, greens[y]) << "row " << y;
+TEST(Wrapping, OtherDecodersDoNot) {
+  expectRows(
+      {"YCbCr422ToBGR565_8u16u_C2C3R", "YCbCr422ToBGR444Dither_8u16u_C2C3R",
+       "YCbCrToBGR565_8u16u_C3R", "YCbCrToRGB555_8u16u_P3C3R", "YCbCr411ToBGR555_8u16u_P3C3R"},
+      {full, full, full, {}});
+  expectRows({"YCbCr422ToBGR444_8u16u_C2C3R"}, {full, {}, halved(full), {}}, 1);
 }
 
-// 4:4:4 and interleaved images step in full width on both sides.
-TEST(Wrapping, NoRowsOf444) {
-  Range samples, pixels;
-  for (int n = 0; n < 5; ++n) {
-    const std::uint8_t pixel[3] = {static_cast<std::uint8_t>(40 + 40 * n), 128, 128};
-    std::memcpy(samples.page(n * GiB), pixel, 3);
-    pixels.page(n * GiB, 0x5A);
-  }
-  auto* dst = reinterpret_cast<unsigned short*>(pixels.origin());
-  ASSERT_EQ(legacy90pxmiYCbCrToBGR565_8u16u_C3R(samples.origin(), pitch, dst, pitch, {1, 5}), 0);
-  const int greens[5] = {27 >> 2, 74 >> 2, 121 >> 2, 167 >> 2, 214 >> 2};
-  for (int y = 0; y < 5; ++y)
-    EXPECT_EQ(wordAt(pixels.origin() + y * GiB) >> 5 & 63, greens[y]) << "row " << y;
+TEST(Wrapping, Encoders420WrapTheirDestinations) {
+  const Offsets chroma(wrapped.begin(), wrapped.begin() + 3);
+  expectRows(
+      {"BGR555ToYCbCr420_16u8u_C3P3R", "BGR565ToYCrCb420_16u8u_C3P3R", "BGR555ToYUV420_16u8u_C3P3R",
+       "BGR565ToYUV420_16u8u_C3P3R", "RGB565ToYUV420_16u8u_C3P3R"},
+      {full, {}, wrappedPairs, chroma});
 }
 
-// Encoding to 4:2:0 wraps in the destination planes; the source steps in full width.
-TEST(Wrapping, DestinationPlanesOfEncodersTo420AndNotTheirSource) {
-  Range source, luma, cb;
-  for (int n = 0; n < 6; ++n) {
-    const std::uint16_t words[2] = {static_cast<std::uint16_t>(n), static_cast<std::uint16_t>(n)};
-    std::memcpy(source.page(n * GiB), words, 4);
-  }
-  for (const std::int64_t offset : {0, 1, -2, -1}) luma.page(offset * GiB, 0x5A);
-  for (const std::int64_t offset : {0, 1, -2}) cb.page(offset * GiB, 0x5A);
-  std::uint8_t cr[3] = {};
-  unsigned char* dst[3] = {luma.origin(), cb.origin(), cr};
-  int dstStep[3] = {pitch, pitch, 1};
-  auto* src = reinterpret_cast<const unsigned short*>(source.origin());
-  ASSERT_EQ(legacy90pxmiBGR565ToYCbCr420_16u8u_C3P3R(src, pitch, dst, dstStep, {2, 6}), 0);
-  // Rows 4 and 5 stand where rows 0 and 1 stood. Blue n << 3: luma (6423 * 8n + 1081344) >> 16.
-  const int blue[6] = {4, 5, 2, 3, 4, 5};
-  const std::int64_t rows[6] = {0, 1, -2, -1, 0, 1};
-  for (int y = 0; y < 6; ++y)
-    EXPECT_EQ(luma.origin()[rows[y] * GiB], (6423 * 8 * blue[y] + 1081344) >> 16) << "row " << y;
-  EXPECT_NE(cb.origin()[-2 * GiB], 0x5A);
+TEST(Wrapping, EncoderToYuv422WrapsItsDestinations) {
+  expectRows({"RGB565ToYUV422_16u8u_C3P3R"}, {full, {}, wrapped, wrapped});
 }
 
-// 4:2:2 and 4:1:1 encoders step in full width.
-TEST(Wrapping, NoRowsOfEncodersTo422) {
-  Range luma;
-  for (int n = 0; n < 5; ++n) luma.page(n * GiB, 0x5A);
-  std::uint8_t chroma[2][5] = {};
-  unsigned char* dst[3] = {luma.origin(), chroma[0], chroma[1]};
-  int dstStep[3] = {pitch, 1, 1};
-  const unsigned short black[5][2] = {};
-  ASSERT_EQ(legacy90pxmiBGR565ToYCbCr422_16u8u_C3P3R(black[0], 4, dst, dstStep, {2, 5}), 0);
-  for (int n = 0; n < 5; ++n) EXPECT_EQ(luma.origin()[n * GiB], 16) << "row " << n;
+TEST(Wrapping, OtherEncodersDoNot) {
+  expectRows({"BGR555ToYCbCr422_16u8u_C3P3R", "BGR565ToYCbCr422_16u8u_C3C2R",
+              "BGR565ToYCbCr411_16u8u_C3P3R"},
+             {full, {}, full, full});
+}
+
+TEST(Wrapping, DepthConversionsAndTheTwistDoNot) {
+  expectRows({"BGR565ToBGR_16u8u_C3R", "RGBToRGB565_8u16u_C3R", "ColorTwist32f_8s_C3R",
+              "ColorTwist32f_8s_AC4R"},
+             {full, {}, full, {}});
 }
 
 }  // namespace

@@ -78,6 +78,7 @@ std::vector<std::string_view> namesOf(std::string_view front, std::string_view b
 
 // The tables, a file each.
 std::vector<Example> decode422();
+std::vector<Example> twist();
 
 }  // namespace examples
 

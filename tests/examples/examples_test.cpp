@@ -133,6 +133,7 @@ struct Table {
 
 constexpr Table tables[] = {
     {"Decode422", decode422},
+    {"Twist", twist},
 };
 
 class Examples : public testing::TestWithParam<Table> {};
