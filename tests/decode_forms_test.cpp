@@ -71,15 +71,6 @@ TEST(Dither, LevelsOfEveryValueAtEveryThreshold) {
     }
 }
 
-TEST(Dither, LiteralLevels) {
-  EXPECT_EQ(DitherLevel4(100, 4046), 5);
-  EXPECT_EQ(DitherLevel4(100, 3757), 6);
-  EXPECT_EQ(DitherLevel5(100, 279), 13);
-  EXPECT_EQ(DitherLevel5(100, 419), 12);
-  EXPECT_EQ(DitherLevel6(100, 1398), 25);
-  EXPECT_EQ(DitherLevel6(100, 1538), 24);
-}
-
 // Every component value at every place of the matrix and beyond it, in each channel by itself.
 template <int format>
 void expectPackingOverAllValuesAndPlaces() {

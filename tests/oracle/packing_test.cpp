@@ -42,15 +42,6 @@ TEST(OraclePacking, TruncationDropsTheLowBits) {
   EXPECT_EQ(packPlain({0x9A, 0x56, 0xC3}, 444, false), 0x0C59);
 }
 
-TEST(OraclePacking, NominalWhiteIsHiddenByTruncation) {
-  const Rgb white = decodeStaged(235, 128, 128);
-  for (bool bgr : {false, true}) {
-    EXPECT_EQ(packPlain(white, 444, bgr), 0x0FFF);
-    EXPECT_EQ(packPlain(white, 555, bgr), 0x7FFF);
-    EXPECT_EQ(packPlain(white, 565, bgr), 0xFFFF);
-  }
-}
-
 TEST(OracleDither, Matrix444Is289TimesTheClassicMatrix) {
   const int classic[4][4] = {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}};
   for (int row = 0; row < 4; ++row) {
@@ -100,27 +91,6 @@ TEST(OracleDither, FullComponentReachesTheTopOf4And5BitsEverywhere) {
   EXPECT_EQ(ditherLevel4(255, 4352), 14);
   EXPECT_EQ(ditherLevel5(255, 2129), 31);  // the residue is 2130
   EXPECT_EQ(ditherLevel5(255, 2130), 30);
-}
-
-TEST(OracleDither, FullComponentMissesTheTopOf6BitsAtRow3Column0Only) {
-  for (int row = 0; row < 4; ++row) {
-    for (int column = 0; column < 4; ++column) {
-      const int wanted = row == 3 && column == 0 ? 62 : 63;
-      EXPECT_EQ(ditherLevel6(255, threshold(565, row, column)), wanted);
-    }
-  }
-}
-
-TEST(OracleDither, WhiteDithered565DipsAtRow3Column0) {
-  for (int row = 0; row < 8; ++row) {
-    for (int column = 0; column < 8; ++column) {
-      const int wanted = row % 4 == 3 && column % 4 == 0 ? 0xFFDF : 0xFFFF;
-      EXPECT_EQ(packDither({255, 255, 255}, 565, true, row, column), wanted);
-      EXPECT_EQ(packDither({255, 255, 255}, 565, false, row, column), wanted);
-      EXPECT_EQ(packDither({255, 255, 255}, 555, true, row, column), 0x7FFF);
-      EXPECT_EQ(packDither({255, 255, 255}, 444, true, row, column), 0x0FFF);
-    }
-  }
 }
 
 TEST(OracleDither, LevelsOf100) {

@@ -91,14 +91,6 @@ TEST(OracleVectorChains, StagedYuvChainEqualsTheStagedYuvForm) {
   EXPECT_EQ(between(stagedYuvChain, decodeYuvStaged), Difference{});
 }
 
-TEST(OracleVectorChains, LumaOfTheNarrowChainIsThatOfTheStagedForm) {
-  EXPECT_EQ(1220480, 128 * 9535);
-  EXPECT_EQ(19527680, 16 * 128 * 9535);
-  for (int y = 0; y < 256; ++y) {
-    EXPECT_EQ(narrowLanes(y, 128, 128).luma, (y * 1220480 - 19527680) >> 16);
-  }
-}
-
 // ---- Differences -------------------------------------------------------------------------------
 
 // Every difference of two forms is one code. The shares are what the forms come to.
@@ -205,11 +197,6 @@ TEST(OracleVectorChains, BlackestLumaPacksToZero) {
   EXPECT_EQ(narrowChain(0, 128, 128), (Rgb{0, 0, 0}));
 }
 
-TEST(OracleVectorChains, AllSamples255PackRedAndBlueTo255) {
-  EXPECT_EQ(narrowChain(255, 255, 255).r, 255);
-  EXPECT_EQ(narrowChain(255, 255, 255).b, 255);
-}
-
 TEST(OracleVectorChains, NominalWhiteIs254AndRoundedTo255) {
   EXPECT_EQ(narrowChain(235, 128, 128), (Rgb{254, 254, 254}));
   EXPECT_EQ(roundedNarrowChain(235, 128, 128), (Rgb{255, 255, 255}));
@@ -236,14 +223,6 @@ TEST(OracleVectorTail, FormInTheOpen) {
   EXPECT_LE(high, 629);
 }
 
-TEST(OracleVectorTail, PixelOf555ByMasksIsThePlainOne) {
-  std::int64_t wrong = 0;
-  forAllSamples([&](int r, int g, int b) {
-    wrong += packPlain({r, g, b}, 555, true) != ((r & 248) << 7 | (g & 248) << 2 | b >> 3);
-  });
-  EXPECT_EQ(wrong, 0);
-}
-
 // ---- Dither in SIMD ---------------------------------------------------------------------------
 
 template <typename Visit>
@@ -266,30 +245,6 @@ TEST(OracleVectorDither, EqualsTheScalarDitherForAllValuesAndPlaces) {
       EXPECT_EQ(laneDither6(value, t), ditherLevel6(value, t)) << value << " at " << t;
     }
   });
-}
-
-TEST(OracleVectorDither, ZeroStaysZeroAtEveryPlace) {
-  forAllPlacesAndValues([](int, int t, int) {
-    EXPECT_EQ(laneDither4(0, t), 0);
-    EXPECT_EQ(laneDither5(0, t), 0);
-    EXPECT_EQ(laneDither6(0, t), 0);
-  });
-}
-
-TEST(OracleVectorDither, White555RisesFrom30To31AtEveryPlace) {
-  EXPECT_EQ(255 * 31 >> 8, 30);
-  EXPECT_EQ(255 * 256 - 30 * 2105, 2130);
-  for (int place = 0; place < 16; ++place) {
-    const int t = threshold(555, place / 4, place % 4);
-    EXPECT_LT(t, 2130);
-    EXPECT_EQ(laneDither5(255, t), 31);
-  }
-  EXPECT_EQ(31 * 2105 >> 11, 31);
-}
-
-TEST(OracleVectorDither, White565GreenDipsAtOnePlace) {
-  EXPECT_EQ(laneDither6(255, 2097), 62);
-  EXPECT_EQ(laneDither6(255, 1957), 63);
 }
 
 TEST(OracleVectorDither, ProductsFitTheirLanes) {
