@@ -30,6 +30,12 @@ constexpr Requirements requirements[] = {
 };
 constexpr int variantCount = sizeof requirements / sizeof requirements[0];
 
+// The masks of the table are numbers: what a variant needs must be among what it knows about.
+#define VARIANT(tag, kernels, depth_kernels, needs, knows, label, plus) \
+  static_assert(hasAll(knows, needs));
+#include "frame/variants.def"
+static_assert(requirements[variant_mx].knows == featuresOfEveryProcessor);
+
 constexpr uint32_t fourCharacters(const char* text) {
   uint32_t word = 0;
   for (int i = 3; i >= 0; --i) word = word << 8 | static_cast<uint8_t>(text[i]);

@@ -21,7 +21,7 @@ uint64_t readXcr0() {
   return static_cast<uint64_t>(high) << 32 | low;
 }
 
-FeatureMask enabledFeatures = featureMmx | featureSse | featureSse2;
+FeatureMask enabledFeatures = featuresOfEveryProcessor;
 
 constexpr uint32_t osxsaveAndAvx = 0x18000000;  // leaf 1 ecx bits 27 and 28
 constexpr uint32_t fma = 0x1000;                // leaf 1 ecx bit 12

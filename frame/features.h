@@ -37,6 +37,9 @@ constexpr FeatureMask featurePrefetchw = 0x40000;
 constexpr FeatureMask featureSha = 0x80000;
 constexpr FeatureMask featureFamilyB1 = 0x80000000;  // family 0xB, model nibble 1
 
+// What is enabled until a variant is chosen, and what scalar code knows about.
+constexpr FeatureMask featuresOfEveryProcessor = featureMmx | featureSse | featureSse2;
+
 // The answer to one CPUID query.
 struct CpuIdRecord {
   uint32_t eax, ebx, ecx, edx;
@@ -73,7 +76,7 @@ uint32_t DetectFeatures(const Processor& processor, FeatureMaskCache& cache, Fea
 pxmStatus GetProcessorInfo(const Processor& processor, FeatureMaskCache& cache, uint64_t* word,
                            CpuIdRecord* record);
 
-// The features that the chosen variant knows about; MMX, SSE and SSE2 until one is chosen.
+// The features that the chosen variant knows about; featuresOfEveryProcessor until one is chosen.
 pxmStatus SetEnabledFeatures(FeatureMask mask);  // always pxmStatusOk
 int TestEnabledFeatures(FeatureMask bits);       // 1 when every bit is enabled, else 0
 
