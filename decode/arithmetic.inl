@@ -7,6 +7,7 @@
 #define PXM_DECODE_ARITHMETIC_INL
 
 #include "decode/clamp_table.h"
+#include "decode/numbers.h"
 #include "frame/level.h"
 
 PXM_LEVEL_BEGIN
@@ -37,72 +38,82 @@ PXM_INLINE Channels sum(int luma, const Terms& t) {
 }
 
 // Two shifts: each product is truncated to 1/16 of a level by a shift of its own before any
-// addition, then the sum to levels. The weights of u and v are in units of 1/8192, rounded down.
-// Sums of YCbCr stay in -4500..8600.
-template <int redV, int greenU, int greenV, int blueU>
-struct StagedTerms {
+// addition, then the sum to levels. The samples come 128 times as large, which with weights in
+// units of 1/8192 makes sixteenths of what the shift leaves. Sums of YCbCr stay in -4500..8600.
+constexpr int stagedScale = 128;
+static_assert(stagedScale * 8192 == 65536 << fractionBits);
+template <class Weights>
+struct StagedTerms : Narrowed<Weights> {
+  using W = Narrowed<Weights>;
   PXM_INLINE static Terms chroma(const Chroma& c) {
-    const int u = c.cb * 128 - 16384;
-    const int v = c.cr * 128 - 16384;
-    return {v * redV >> 16, -(u * greenU >> 16) - (v * greenV >> 16), u * blueU >> 16};
+    const int u = c.cb * stagedScale - greyChroma * stagedScale;
+    const int v = c.cr * stagedScale - greyChroma * stagedScale;
+    return {v * W::redV >> 16, -(u * W::greenU >> 16) - (v * W::greenV >> 16), u * W::blueU >> 16};
   }
 };
 
-// 1.164, 1.596, 0.392, 0.813, 2.017.
-struct DecodeStaged : StagedTerms<13074, 3211, 6660, 16523> {
+struct DecodeStaged : StagedTerms<YCbCrWeights> {
   PXM_INLINE static Channels join(int y, const Terms& t) {
-    return sum<4>((y * 128 * 9535 - 16 * 128 * 9535) >> 16, t);
+    constexpr int black = blackLuma * stagedScale * W::luma;
+    return sum<fractionBits>((y * stagedScale * W::luma - black) >> 16, t);
   }
 };
 
-// 1.140, 0.394, 0.581, 2.032.
-struct DecodeYuvStaged : StagedTerms<9338, 3227, 4759, 16646> {
-  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<4>(y * 16, t); }
+struct DecodeYuvStaged : StagedTerms<YuvWeights> {
+  PXM_INLINE static Channels join(int y, const Terms& t) {
+    return sum<fractionBits>(y * (1 << fractionBits), t);
+  }
 };
 
-// One shift: the same weights in units of 1/65536.
-struct DecodeWide {
+// Half a level in units of 1/65536.
+constexpr int halfLevel = 32768;
+
+// One shift: the weights in units of 1/65536.
+struct DecodeWide : YCbCrWeights {
+  static constexpr int black = blackLuma * luma;
   PXM_INLINE static Terms chroma(const Chroma& c) {
-    const int u = c.cb - 128;
-    const int v = c.cr - 128;
-    return {v * 104595, -u * 25690 - v * 53281, u * 132186};
+    const int u = c.cb - greyChroma;
+    const int v = c.cr - greyChroma;
+    return {v * redV, -u * greenU - v * greenV, u * blueU};
   }
-  PXM_INLINE static Channels join(int y, const Terms& t) {
-    return sum<16>(y * 76284 - 16 * 76284, t);
-  }
+  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<16>(y * luma - black, t); }
 };
 
 // The wide form to the nearest level, green included.
 struct DecodeRounded : DecodeWide {
   PXM_INLINE static Channels join(int y, const Terms& t) {
-    return sum<16>(y * 76284 - 16 * 76284 + 32768, t);
+    return sum<16>(y * luma - black + halfLevel, t);
   }
 };
 
 // The wide form with its offsets folded into one constant a component. Required as they stand: they
 // are 57, 14 and 13 lower than the wide form's.
-struct DecodeFolded {
+struct DecodeFolded : YCbCrWeights {
+  static constexpr int black = DecodeWide::black;
+  static constexpr int redOffset = -greyChroma * redV - black - 57;
+  static constexpr int greenOffset = greyChroma * (greenU + greenV) - black - 14;
+  static constexpr int blueOffset = -greyChroma * blueU - black - 13;
   PXM_INLINE static Terms chroma(const Chroma& c) {
-    return {c.cr * 104595 - 14608761, -c.cb * 25690 - c.cr * 53281 + 8887730,
-            c.cb * 132186 - 18140365};
+    return {c.cr * redV + redOffset, -c.cb * greenU - c.cr * greenV + greenOffset,
+            c.cb * blueU + blueOffset};
   }
-  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<16>(y * 76284, t); }
+  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<16>(y * luma, t); }
 };
 
-struct DecodeYuvPlain {
+struct DecodeYuvPlain : YuvWeights {
   PXM_INLINE static Terms chroma(const Chroma& c) {
-    const int u = c.cb - 128;
-    const int v = c.cr - 128;
-    return {v * 74711, -v * 38076 - u * 25821, u * 133169};
+    const int u = c.cb - greyChroma;
+    const int v = c.cr - greyChroma;
+    return {v * redV, -v * greenV - u * greenU, u * blueU};
   }
-  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<16>(y * 65536, t); }
+  PXM_INLINE static Channels join(int y, const Terms& t) { return sum<16>(y * luma, t); }
 };
 
 // Red and blue to the nearest level. Required: green is truncated.
 struct DecodeYuvRounded : DecodeYuvPlain {
   PXM_INLINE static Terms chroma(const Chroma& c) {
     const Terms t = DecodeYuvPlain::chroma(c);
-    return {t.red + 32768, t.green, t.blue + 32768};
+    return {t.red + halfLevel, t.green, t.blue + halfLevel};
   }
 };
 

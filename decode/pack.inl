@@ -8,43 +8,24 @@
 #include <stdint.h>
 
 #include "decode/arithmetic.inl"
+#include "frame/layout.h"
 
 PXM_LEVEL_BEGIN
-
-template <int format>
-struct Layout;
-
-template <>
-struct Layout<444> {
-  static constexpr int redBits = 4, greenBits = 4, blueBits = 4;
-};
-
-template <>
-struct Layout<555> {
-  static constexpr int redBits = 5, greenBits = 5, blueBits = 5;
-};
-
-template <>
-struct Layout<565> {
-  static constexpr int redBits = 5, greenBits = 6, blueBits = 5;
-};
 
 // Fields into their places, in either channel order.
 template <int format>
 struct Fields : Layout<format> {
-  using Layout<format>::redBits, Layout<format>::greenBits, Layout<format>::blueBits;
-  static constexpr int greenShift = blueBits;
-  static constexpr int topShift = blueBits + greenBits;
+  using Layout<format>::greenAt, Layout<format>::highAt;
 
   int redShift, blueShift;
 
   PXM_INLINE explicit Fields(int isBgr)
-      : redShift(isBgr ? topShift : 0), blueShift(isBgr ? 0 : topShift) {}
+      : redShift(isBgr ? highAt : 0), blueShift(isBgr ? 0 : highAt) {}
 
   PXM_INLINE bool isBgr() const { return redShift != 0; }
 
   PXM_INLINE uint16_t word(int red, int green, int blue) const {
-    return static_cast<uint16_t>(red << redShift | green << greenShift | blue << blueShift);
+    return static_cast<uint16_t>(red << redShift | green << greenAt | blue << blueShift);
   }
 };
 

@@ -4,20 +4,29 @@
 #ifndef PXM_DEPTH_ROW_INL
 #define PXM_DEPTH_ROW_INL
 
+#include "frame/layout.h"
 #include "frame/rows.inl"
 #include "frame/signatures.h"
 
 PXM_LEVEL_BEGIN
 
+using DepthFields = Layout<565>;
+
+// How far the fields stand from the low end of their bytes.
+constexpr int outerInByte = 8 - DepthFields::outerBits, greenInByte = 8 - DepthFields::greenBits;
+
 // The low bits of a byte become zero, not copies of the high bits.
 PXM_INLINE void expandPixel(uint8_t* bytes, int word) {
-  bytes[0] = static_cast<uint8_t>(word << 3);
-  bytes[1] = static_cast<uint8_t>(word >> 3 & 0xFC);
-  bytes[2] = static_cast<uint8_t>(word >> 8 & 0xF8);
+  using F = DepthFields;
+  bytes[0] = static_cast<uint8_t>(word << outerInByte);
+  bytes[1] = static_cast<uint8_t>(word >> (F::greenAt - greenInByte) & topOfByte<F::greenBits>);
+  bytes[2] = static_cast<uint8_t>(word >> (F::highAt - outerInByte) & topOfByte<F::outerBits>);
 }
 
 PXM_INLINE uint16_t packPixel(const uint8_t* bytes) {
-  return static_cast<uint16_t>(bytes[0] >> 3 | bytes[1] >> 2 << 5 | bytes[2] >> 3 << 11);
+  using F = DepthFields;
+  return static_cast<uint16_t>(bytes[0] >> outerInByte | bytes[1] >> greenInByte << F::greenAt |
+                               bytes[2] >> outerInByte << F::highAt);
 }
 
 // The columns x to width - 1 of a row.

@@ -7,6 +7,7 @@
 
 #include <stdint.h>
 
+#include "encode/numbers.h"
 #include "encode/unpack.inl"
 
 PXM_LEVEL_BEGIN
@@ -17,29 +18,32 @@ constexpr int groupBits = n == 4   ? 2
                           : n == 2 ? 1
                                    : 0;
 
-// 0.098 B + 0.504 G + 0.257 R + 16.5 in units of 1/65536: 16 to 231, never out of a byte.
+// 16 to 231, never out of a byte.
 PXM_INLINE uint8_t EncodeLuma(const Components& c) {
-  return static_cast<uint8_t>((6423 * c.blue + 33030 * c.green + 16843 * c.red + 1081344) >> 16);
+  using namespace ycbcr;
+  return static_cast<uint8_t>(
+      (lumaBlue * c.blue + lumaGreen * c.green + lumaRed * c.red + lumaBias) >> 16);
 }
 
-// The byte is the eight bits from the shift on, and the sum is mostly negative. Required: modulo
-// 2^8 the bias below is that of 128 and an EIGHTH of an output step, not a half.
+// The byte is the eight bits from the shift on. 256 less keeps the sum mostly negative and the byte
+// as it is.
 template <int n>
 PXM_INLINE uint8_t chromaByte(int weighted) {
-  constexpr int bias = n == 4 ? -33521664 : n == 2 ? -16760832 : -8380416;
+  constexpr int bias = n * (ycbcr::chromaBias - 256 * 65536);
   return static_cast<uint8_t>((weighted + bias) >> (16 + groupBits<n>));
 }
 
-// 0.439, -0.291, -0.148; the weights add up to zero, so grey is the bias alone.
+// The weights add up to zero, so grey is the bias alone.
 template <int n>
 PXM_INLINE uint8_t EncodeCb(const Components& sum) {
-  return chromaByte<n>(28770 * sum.blue - 19071 * sum.green - 9699 * sum.red);
+  using namespace ycbcr;
+  return chromaByte<n>(cbBlue * sum.blue - cbGreen * sum.green - cbRed * sum.red);
 }
 
-// 0.439, -0.368, -0.071.
 template <int n>
 PXM_INLINE uint8_t EncodeCr(const Components& sum) {
-  return chromaByte<n>(28770 * sum.red - 4653 * sum.blue - 24117 * sum.green);
+  using namespace ycbcr;
+  return chromaByte<n>(crRed * sum.red - crBlue * sum.blue - crGreen * sum.green);
 }
 
 PXM_INLINE uint8_t EncodeCbSingle(const Components& c) {
@@ -48,7 +52,7 @@ PXM_INLINE uint8_t EncodeCbSingle(const Components& c) {
 
 // Luma, not yet rounded, in units of 1/65536; below 2^24.
 PXM_INLINE int EncodeYuvWeight(const Components& c) {
-  return 19595 * c.red + 38470 * c.green + 7471 * c.blue;
+  return yuv::lumaRed * c.red + yuv::lumaGreen * c.green + yuv::lumaBlue * c.blue;
 }
 
 template <int rounding>
@@ -64,17 +68,17 @@ PXM_INLINE int lumaDifference(int sum, int weights) {
   return ((sum << 16) - weights + bias) >> 16;
 }
 
-// 0.492 (B - Y). Stays in 18..236, so the low eight bits are the value.
+// Of B - Y. Stays in 18..236, so the low eight bits are the value.
 template <int n>
 PXM_INLINE uint8_t EncodeU(int sumBlue, int weights) {
-  return static_cast<uint8_t>((lumaDifference<n>(sumBlue, weights) * 32244 >> (16 + groupBits<n>)) -
-                              128);
+  return static_cast<uint8_t>(
+      (lumaDifference<n>(sumBlue, weights) * yuv::u >> (16 + groupBits<n>)) - 128);
 }
 
-// 0.877 (R - Y). Reaches -27..280: the one saturation of the encoders.
+// Of R - Y. Reaches -27..280: the one saturation of the encoders.
 template <int n>
 PXM_INLINE uint8_t EncodeV(int sumRed, int weights) {
-  const int v = (lumaDifference<n>(sumRed, weights) * 57475 >> (16 + groupBits<n>)) + 128;
+  const int v = (lumaDifference<n>(sumRed, weights) * yuv::v >> (16 + groupBits<n>)) + 128;
   return static_cast<uint8_t>(v < 0 ? 0 : v > 255 ? 255 : v);
 }
 
@@ -107,7 +111,7 @@ struct YuvGroup {
 
 // Required: from RGB luma is truncated, from BGR it is rounded.
 template <int n>
-using YuvGroupOfBgr = YuvGroup<n, 32768>;
+using YuvGroupOfBgr = YuvGroup<n, yuv::lumaHalf>;
 template <int n>
 using YuvGroupOfRgb = YuvGroup<n, 0>;
 

@@ -4,6 +4,7 @@
 #ifndef PXM_ENCODE_UNPACK_INL
 #define PXM_ENCODE_UNPACK_INL
 
+#include "frame/layout.h"
 #include "frame/level.h"
 
 PXM_LEVEL_BEGIN
@@ -13,24 +14,28 @@ struct Components {
   int red, green, blue;
 };
 
-// Bit 15 is ignored.
-struct UnpackBgr555 {
-  PXM_INLINE static Components unpack(int word) {
-    return {word >> 7 & 0xF8, word >> 2 & 0xF8, word << 3 & 0xF8};
-  }
-};
+// The field of so many bits at a bit.
+template <int bits, int at>
+PXM_INLINE int unpackedField(int word) {
+  constexpr int shift = at + bits - 8;
+  if constexpr (shift < 0)
+    return word << -shift & topOfByte<bits>;
+  else
+    return word >> shift & topOfByte<bits>;
+}
 
-struct UnpackBgr565 {
+// Spare bits are ignored.
+template <class F, int redAt, int blueAt>
+struct Unpack {
+  using Fields = F;
   PXM_INLINE static Components unpack(int word) {
-    return {word >> 8 & 0xF8, word >> 3 & 0xFC, word << 3 & 0xF8};
+    return {unpackedField<F::redBits, redAt>(word), unpackedField<F::greenBits, F::greenAt>(word),
+            unpackedField<F::blueBits, blueAt>(word)};
   }
 };
-
-struct UnpackRgb565 {
-  PXM_INLINE static Components unpack(int word) {
-    return {word << 3 & 0xF8, word >> 3 & 0xFC, word >> 8 & 0xF8};
-  }
-};
+struct UnpackBgr555 : Unpack<Layout<555>, Layout<555>::highAt, 0> {};
+struct UnpackBgr565 : Unpack<Layout<565>, Layout<565>::highAt, 0> {};
+struct UnpackRgb565 : Unpack<Layout<565>, 0, Layout<565>::highAt> {};
 
 PXM_LEVEL_END
 

@@ -5,6 +5,7 @@
 #ifndef PXM_VECTOR_DECODE_ARITHMETIC_INL
 #define PXM_VECTOR_DECODE_ARITHMETIC_INL
 
+#include "decode/arithmetic.inl"
 #include "vector/lane.inl"
 
 PXM_LEVEL_BEGIN
@@ -29,32 +30,36 @@ PXM_INLINE LaneChannels<L> join(L luma, const LaneTerms<L>& t) {
 // The staged form. A, the luma times 128 less 2048, lies in -2048..30592 and L in -298..4450; no
 // term exceeds 4131 in size.
 struct NarrowChain {
+  using W = DecodeStaged::W;
   static constexpr int lumaScale = 7;
+  static_assert(1 << lumaScale == stagedScale);
   static constexpr bool pipelinesTerms = false;
   template <class L>
   PXM_INLINE static L luma(L y) {
-    return LaneMulHi(y - broadcast<L>(2048), broadcast<L>(9535));
+    return LaneMulHi(y - broadcast<L>(blackLuma * stagedScale), broadcast<L>(W::luma));
   }
   // V stays 256-scaled against half the weights, which are even; those of U are not.
+  static_assert(W::redV % 2 == 0 && W::greenV % 2 == 0);
   template <class L>
   PXM_INLINE static LaneTerms<L> chroma(L cb, L v) {
     const L u = shiftRight<1>(cb);
-    return {LaneMulHi(v, broadcast<L>(13074 / 2)),
-            LaneMulHi(v, broadcast<L>(6660 / 2)) + LaneMulHi(u, broadcast<L>(3211)),
-            LaneMulHi(u, broadcast<L>(16523))};
+    return {LaneMulHi(v, broadcast<L>(W::redV / 2)),
+            LaneMulHi(v, broadcast<L>(W::greenV / 2)) + LaneMulHi(u, broadcast<L>(W::greenU)),
+            LaneMulHi(u, broadcast<L>(W::blueU))};
   }
 };
 
-// The same to the nearest level: 8 sixteenths more.
+// The same to the nearest level: half of one more.
 struct RoundedNarrowChain : NarrowChain {
   template <class L>
   PXM_INLINE static L luma(L y) {
-    return NarrowChain::luma(y) + broadcast<L>(8);
+    return NarrowChain::luma(y) + broadcast<L>((1 << fractionBits) / 2);
   }
 };
 
 struct StagedYuvChain {
-  static constexpr int lumaScale = 4;
+  using W = DecodeYuvStaged::W;
+  static constexpr int lumaScale = fractionBits;
   static constexpr bool pipelinesTerms = true;  // for luma takes no multiplication
   template <class L>
   PXM_INLINE static L luma(L y) {
@@ -63,9 +68,9 @@ struct StagedYuvChain {
   template <class L>
   PXM_INLINE static LaneTerms<L> chroma(L cb, L cr) {
     const L u = shiftRight<1>(cb), v = shiftRight<1>(cr);
-    return {LaneMulHi(v, broadcast<L>(9338)),
-            LaneMulHi(u, broadcast<L>(3227)) + LaneMulHi(v, broadcast<L>(4759)),
-            LaneMulHi(u, broadcast<L>(16646))};
+    return {LaneMulHi(v, broadcast<L>(W::redV)),
+            LaneMulHi(u, broadcast<L>(W::greenU)) + LaneMulHi(v, broadcast<L>(W::greenV)),
+            LaneMulHi(u, broadcast<L>(W::blueU))};
   }
 };
 

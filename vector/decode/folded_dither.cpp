@@ -16,14 +16,11 @@ struct Levels {
 };
 
 constexpr Levels levelsAt(int bits, int threshold) {
-  const int most = (1 << bits) - 1;
-  const int step = bits == 4 ? 4352 : bits == 5 ? 2105 : 1036;
-  if (bits == 6) threshold >>= 1;
   Levels levels = {};
-  for (int v = 0; v < 256; ++v) {
-    const int below = v * most >> 8;
-    levels.of[v] = below + (threshold < v * 256 - below * step);
-  }
+  for (int v = 0; v < 256; ++v)
+    levels.of[v] = bits == 4   ? ditherLevel<4>(v, threshold)
+                   : bits == 5 ? ditherLevel<5>(v, threshold)
+                               : ditherLevel<6>(v, threshold);
   return levels;
 }
 
@@ -52,8 +49,8 @@ constexpr Interval biasesFor(const Levels& levels, Folding folding, int factor, 
   const int shift = 8 - folding.bits;
   Interval biases = {0, 4095};
   for (int x = 0; x < 4096 && biases.least <= biases.most; x += folding.step) {
-    const int64_t level = levels.of[x >> 4];
-    const int unbiased = x < 2048 ? x : x - change;
+    const int64_t level = levels.of[x >> fractionBits];
+    const int unbiased = x < slopeChangesFrom6 ? x : x - change;
     const int64_t first = sumFor((level << shift) + offset, factor);
     const int64_t next = sumFor(((level + 1) << shift) + offset, factor);
     if (level > 0) biases.narrow(first - unbiased, 4095);
@@ -83,7 +80,8 @@ constexpr FoldedDither foldAll(Folding folding, const int32_t (&matrix)[4][4]) {
   FoldedDither folded = {};
   for (int row = 0; row < 4; ++row)
     for (int column = 0; column < 4; ++column) {
-      const bool changesSlope = folding.bits == 6 && row == 0 && column == 2;
+      const bool changesSlope =
+          folding.bits == 6 && row == slopeChangeRow6 && column == slopeChangeColumn6;
       const Numbers n = fold(folding, matrix[row][column], changesSlope ? slopeChange6 : 0);
       for (int lane = column >> 1; lane < 8; lane += 2) {
         folded.bias[row][column & 1][lane] = static_cast<int16_t>(n.bias);
@@ -107,8 +105,8 @@ constexpr int32_t matrix444[4][4] = PXM_DITHER_MATRIX_444;
 constexpr int32_t matrix555[4][4] = PXM_DITHER_MATRIX_555;
 
 constexpr FoldedDither folded4 = foldAll({4, 1}, matrix444);
-constexpr FoldedDither folded5 = foldAll({5, 16}, matrix555);
-constexpr FoldedDither folded6 = foldAll({6, 16}, matrix555);
+constexpr FoldedDither folded5 = foldAll({5, 1 << fractionBits}, matrix555);
+constexpr FoldedDither folded6 = foldAll({6, 1 << fractionBits}, matrix555);
 static_assert(otherThanZero(folded4.factor) == 64 && otherThanZero(folded5.factor) == 64 &&
               otherThanZero(folded6.factor) == 64);
 static_assert(otherThanZero(folded4.offset) == 0 && otherThanZero(folded5.offset) == 0);

@@ -4,6 +4,8 @@
 
 #include <stdint.h>
 
+#include "decode/numbers.h"
+
 #pragma GCC visibility push(hidden)
 
 namespace pxm {
@@ -18,8 +20,9 @@ namespace pxm {
 // straight line, where a fraction does no harm.
 //
 // Of six bits, `offset` comes off the byte, 0 if it were less: where it is 4 or more, white is not
-// the highest level. At one place, row 0 and column 2, the thresholds lie on no straight line, but
-// on one that changes its slope: there slopeChange6 comes off the bias from 128 on.
+// the highest level. At one place, slopeChangeRow6 and slopeChangeColumn6, the thresholds lie on no
+// straight line, but on one that changes its slope: there slopeChange6 comes off the bias from
+// slopeChangesFrom6 on.
 //
 // The numbers are searched for by the compiler. They stand by row, those of the even columns before
 // those of the odd ones, as often as eight lanes or bytes hold them.
@@ -29,7 +32,8 @@ struct FoldedDither {
   alignas(16) uint8_t offset[4][2][8];
 };
 
-constexpr int slopeChange6 = 4;
+constexpr int slopeChange6 = 4, slopeChangeRow6 = 0, slopeChangeColumn6 = 2;
+constexpr int slopeChangesFrom6 = 128 << fractionBits;
 extern const FoldedDither foldedDither4, foldedDither5, foldedDither6;
 
 }  // namespace pxm

@@ -13,12 +13,17 @@
 PXM_LEVEL_BEGIN
 
 // Bytes, in lanes of two. Shifts are by lanes, and what crosses a byte is masked off.
-constexpr int inBothBytes(int byte) {
-  return byte << 8 | byte;
-}
 template <int n, class L>
 PXM_INLINE L shiftBytesRight(L bytes) {
   return shiftRightLogical<n>(bytes) & broadcast<L>(inBothBytes(0xFF >> n));
+}
+
+template <int n, class L>
+PXM_INLINE L shiftedRight(L lanes) {
+  if constexpr (n == 0)
+    return lanes;
+  else
+    return shiftRightLogical<n>(lanes);
 }
 
 // The low and the high bytes of pixels, from the component in the low field, green, and the
@@ -30,14 +35,19 @@ struct PixelBytes {
 
 template <int format, class L>
 PXM_INLINE PixelBytes<L> pixelBytes(L low, L green, L high) {
-  if constexpr (format == 444)
-    return {shiftBytesRight<4>(low) | (green & broadcast<L>(0xF0F0)), shiftBytesRight<4>(high)};
-  if constexpr (format == 555)
-    return {shiftBytesRight<3>(low) | (shiftLeft<2>(green) & broadcast<L>(0xE0E0)),
-            (shiftRightLogical<1>(high) & broadcast<L>(0x7C7C)) | shiftBytesRight<6>(green)};
-  if constexpr (format == 565)
-    return {shiftBytesRight<3>(low) | (shiftLeft<3>(green) & broadcast<L>(0xE0E0)),
-            (high & broadcast<L>(0xF8F8)) | shiftBytesRight<5>(green)};
+  using F = Layout<format>;
+  constexpr int greenShift = F::highAt - 8;  // what of green stands in the high byte
+  constexpr int greenMask = inBothBytes(topOfByte<8 - F::greenAt>);
+  constexpr int top = topOfByte<F::outerBits>;
+  constexpr int highMask = inBothBytes(top >> F::spareBits);
+  if constexpr (greenShift == 0)
+    return {shiftBytesRight<8 - F::outerBits>(low) | (green & broadcast<L>(greenMask)),
+            shiftedRight<F::spareBits>(high) & broadcast<L>(highMask)};
+  else
+    return {shiftBytesRight<8 - F::outerBits>(low) |
+                (shiftLeft<greenShift>(green) & broadcast<L>(greenMask)),
+            (shiftedRight<F::spareBits>(high) & broadcast<L>(highMask)) |
+                shiftBytesRight<8 - greenShift>(green)};
 }
 
 // What a packer does to the components of one row, at even columns or at odd ones: they end between
@@ -53,7 +63,8 @@ struct LaneRow<PackPlain<format>, L> {
   template <Parity>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
     const LaneChannels<L> c = join(luma, terms);
-    return {shiftRight<4>(c.red), shiftRight<4>(c.green), shiftRight<4>(c.blue)};
+    return {shiftRight<fractionBits>(c.red), shiftRight<fractionBits>(c.green),
+            shiftRight<fractionBits>(c.blue)};
   }
   PXM_INLINE L greenWithOffset(L bytes) const { return bytes; }
 };
@@ -68,7 +79,7 @@ struct FoldedRow {
 
   template <Parity parity>
   PXM_INLINE L biased(L sixteenths) const {
-    return (sixteenths & broadcast<L>(~15)) + bias[parity];
+    return (sixteenths & broadcast<L>(-1 << fractionBits)) + bias[parity];
   }
   template <Parity parity>
   PXM_INLINE L byte(L biased) const {
@@ -119,11 +130,15 @@ struct LaneRow<PackDither<565>, L> {
       : redBlue(row),
         six(foldedDither6, row & 3),
         offset(loadLanes<L>(foldedDither6.offset[row & 3])),
-        changesSlope((row & 3) == 0) {}
+        changesSlope((row & 3) == slopeChangeRow6) {}
 
   template <Parity p>
   PXM_INLINE L greenByte(L sixteenths) const {
-    static_assert(slopeChange6 == 2048 >> 9);
+    // Shifted, components have the bit of the change from there to 255, and from 0 to there they do
+    // not; what lies outside is clamped with it or without.
+    static_assert(slopeChange6 == slopeChangesFrom6 >> 9);
+    // Of the even columns, this one is in lanes 1, 3, 5 and 7.
+    static_assert(slopeChangeColumn6 == 2);
     L biased = six.template biased<p>(sixteenths);
     if constexpr (p == even) {
       static constexpr int16_t change[8] = {0, slopeChange6, 0, slopeChange6,

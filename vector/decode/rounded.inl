@@ -12,12 +12,12 @@ PXM_LEVEL_BEGIN
 // The tail. Required: its weights are those of no other form.
 struct DecodeRoundedLow {
   PXM_INLINE static Terms chroma(const Chroma& c) {
-    const int u = c.cb - 128;
-    const int v = c.cr - 128;
+    const int u = c.cb - greyChroma;
+    const int v = c.cr - greyChroma;
     return {v * 104593, -u * 25689 - v * 53279, u * 132184};
   }
   PXM_INLINE static Channels join(int y, const Terms& t) {
-    return sum<16>((y - 16) * 76282 + 32768, t);
+    return sum<16>((y - blackLuma) * 76282 + halfLevel, t);
   }
 };
 

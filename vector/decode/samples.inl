@@ -4,9 +4,15 @@
 #ifndef PXM_VECTOR_DECODE_SAMPLES_INL
 #define PXM_VECTOR_DECODE_SAMPLES_INL
 
+#include "decode/numbers.h"
 #include "vector/lane.inl"
 
 PXM_LEVEL_BEGIN
+
+// A byte in both bytes of a lane.
+constexpr int inBothBytes(int byte) {
+  return byte << 8 | byte;
+}
 
 enum Parity { even, odd };
 
@@ -41,7 +47,9 @@ struct PairedBytes {
       return {shiftLeft<n>(pairs) & broadcast<L>(0xFF << n),
               shiftRightLogical<8 - n>(pairs) & broadcast<L>(0xFF << n)};
   }
-  PXM_INLINE PairedBytes biasRemoved() const { return {pairs ^ broadcast<L>(0x8080)}; }
+  PXM_INLINE PairedBytes biasRemoved() const {
+    return {pairs ^ broadcast<L>(inBothBytes(greyChroma))};
+  }
 };
 
 // The same with the bytes of all even columns before those of the odd ones, in each half.
@@ -58,7 +66,9 @@ struct SplitBytes {
     else
       return {shiftRightLogical<8 - n>(high.even), shiftRightLogical<8 - n>(high.odd)};
   }
-  PXM_INLINE SplitBytes biasRemoved() const { return {halves ^ broadcast<L>(0x8080)}; }
+  PXM_INLINE SplitBytes biasRemoved() const {
+    return {halves ^ broadcast<L>(inBothBytes(greyChroma))};
+  }
 };
 
 // Of luma and chroma interleaved. The bytes of chroma are those of Cb and Cr interleaved.

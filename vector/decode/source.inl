@@ -73,7 +73,7 @@ PXM_INLINE ByParity<LaneTerms<L>> termsOf(const SplitPlanes<L>& planes) {
 }
 template <class Chain, class L>
 PXM_INLINE LaneTerms<L> termsOf(const PlanarSamples<L, L>& samples) {
-  const L bias = broadcast<L>(0x8000);
+  const L bias = broadcast<L>(greyChroma << 8);
   return Chain::chroma(samples.cb ^ bias, samples.cr ^ bias);
 }
 template <class Chain, class L>

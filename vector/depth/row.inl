@@ -5,6 +5,7 @@
 #define PXM_VECTOR_DEPTH_ROW_INL
 
 #include "depth/row.inl"
+#include "vector/field.inl"
 #include "vector/sse/lanes.inl"
 
 PXM_LEVEL_BEGIN
@@ -17,8 +18,10 @@ struct SpreadWords {
 
 template <class L>
 PXM_INLINE SpreadWords<L> spreadWords(L words) {
-  return {shiftLeft<11>(words),
-          (shiftRightLogical<3>(words) & broadcast<L>(0xFC)) | (words & broadcast<L>(0xF800))};
+  using F = DepthFields;
+  return {movedField<F::outerBits, 0, 8 + outerInByte>(words),
+          movedField<F::greenBits, F::greenAt, greenInByte>(words) |
+              movedField<F::outerBits, F::highAt, 8 + outerInByte>(words)};
 }
 
 // Four pixels in each register.

@@ -34,8 +34,10 @@ PXM_INLINE void expandRow(const uint8_t* source, uint8_t* out, int width) {
 
 // Words of byte 0 below byte 1, and byte 2 in the high bytes.
 PXM_INLINE I16x8 packedWords(I16x8 low, I16x8 high) {
-  return (shiftRightLogical<3>(low) & broadcast<I16x8>(0x1F)) |
-         (shiftRightLogical<5>(low) & broadcast<I16x8>(0x7E0)) | (high & broadcast<I16x8>(0xF800));
+  using F = DepthFields;
+  return movedField<F::outerBits, outerInByte, 0>(low) |
+         movedField<F::greenBits, 8 + greenInByte, F::greenAt>(low) |
+         movedField<F::outerBits, 8 + outerInByte, F::highAt>(high);
 }
 
 PXM_INLINE void packRow(const uint8_t* source, uint8_t* out, int width) {

@@ -64,8 +64,12 @@ PXM_INLINE I16x8 multiplyAddBytes(I16x8 a, int low, int high) {
 // 64 times byte 1 plus byte 0 holds both fields, three places too high.
 template <class L>
 PXM_INLINE L packedFields(L low, L high) {
-  return shiftRightLogical<3>(multiplyAddBytes(low & broadcast<L>(0xFCFF), 1, 64)) |
-         (high & broadcast<L>(0xF800));
+  using F = DepthFields;
+  constexpr int factor = 1 << (F::greenAt + outerInByte - greenInByte);
+  static_assert(factor == 64);
+  const L fields = low & broadcast<L>(topOfByte<F::greenBits> << 8 | 0xFF);
+  return shiftRightLogical<outerInByte>(multiplyAddBytes(fields, 1, factor)) |
+         movedField<F::outerBits, 8 + outerInByte, F::highAt>(high);
 }
 
 PXM_INLINE void packEight(const uint8_t* source, uint8_t* out) {

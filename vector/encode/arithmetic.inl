@@ -6,6 +6,7 @@
 #define PXM_VECTOR_ENCODE_ARITHMETIC_INL
 
 #include "encode/arithmetic.inl"
+#include "vector/field.inl"
 #include "vector/lane.inl"
 
 PXM_LEVEL_BEGIN
@@ -16,51 +17,34 @@ struct LaneField {
   L bits;
 };
 
-// Pixels to components, as near to the top as is cheapest.
+// The field of `bits` bits at a bit of pixels as a component.
+template <int bits, int at, int headroom, class L>
+PXM_INLINE LaneField<headroom, L> laneField(L word) {
+  return {movedField<bits, at, 16 - headroom - bits>(word)};
+}
+
+// Pixels to components, as near to the top as is cheapest: red stays where it is.
 template <class Pixels>
-struct LaneUnpack;
-template <>
-struct LaneUnpack<UnpackBgr555> {
+struct LaneUnpack {
+  using F = typename Pixels::Fields;
   template <class L>
-  using Red = LaneField<1, L>;
+  using Red = LaneField<F::spareBits, L>;
   template <class L>
-  using Green = LaneField<1, L>;
-  template <class L>
-  using Blue = LaneField<0, L>;
-
-  template <class L>
-  PXM_INLINE static Red<L> red(L word) {
-    return {word & broadcast<L>(0x7C00)};
-  }
-  template <class L>
-  PXM_INLINE static Green<L> green(L word) {
-    return {shiftLeft<5>(word) & broadcast<L>(0x7C00)};
-  }
-  template <class L>
-  PXM_INLINE static Blue<L> blue(L word) {
-    return {shiftLeft<11>(word)};
-  }
-};
-template <>
-struct LaneUnpack<UnpackBgr565> {
-  template <class L>
-  using Red = LaneField<0, L>;
-  template <class L>
-  using Green = LaneField<0, L>;
+  using Green = LaneField<F::spareBits, L>;
   template <class L>
   using Blue = LaneField<0, L>;
 
   template <class L>
   PXM_INLINE static Red<L> red(L word) {
-    return {word & broadcast<L>(0xF800)};
+    return laneField<F::redBits, F::highAt, F::spareBits>(word);
   }
   template <class L>
   PXM_INLINE static Green<L> green(L word) {
-    return {shiftLeft<5>(word) & broadcast<L>(0xFC00)};
+    return laneField<F::greenBits, F::greenAt, F::spareBits>(word);
   }
   template <class L>
   PXM_INLINE static Blue<L> blue(L word) {
-    return {shiftLeft<11>(word)};
+    return laneField<F::blueBits, 0, 0>(word);
   }
 };
 
@@ -91,14 +75,15 @@ PXM_INLINE L chromaScaled(LaneField<headroom, L> upper, LaneField<headroom, L> l
   if constexpr (headroom == 1) return shiftRightLogical<2>(upper.bits + lower.bits);
 }
 
-// Luma by three weights, and a bias in units of 1/128.
+// Luma by three weights and a bias, all in units of 1/65536.
 template <class Unpack, int red, int green, int blue, int bias, class L>
 PXM_INLINE LanePixels<Unpack, L> pixelsOf(L word) {
   const auto r = Unpack::red(word);
   const auto g = Unpack::green(word);
   const auto b = Unpack::blue(word);
-  const L sum = weighted<red>(r) + weighted<green>(g) + weighted<blue>(b) + broadcast<L>(bias);
-  return {r, g, b, shiftRightLogical<7>(sum)};
+  const L sum = weighted<laneWeight<red>>(r) + weighted<laneWeight<green>>(g) +
+                weighted<laneWeight<blue>>(b) + broadcast<L>(laneBias<bias>);
+  return {r, g, b, shiftRightLogical<laneLumaBits>(sum)};
 }
 
 // What the chroma of a group is made from, at first a lane for each column and then for each group.
@@ -127,14 +112,15 @@ PXM_INLINE LaneParts<L> addParts(const LaneParts<L>& a, const LaneParts<L>& b) {
 // among it. `columns` takes one row, or two, to parts; `neighbours` adds those of neighbouring
 // columns, or pairs of columns; `chroma` takes the sums of n pixels to the group's two samples.
 
-// YCbCr: luma from 2112 >> 7 for black to 29637 >> 7 for white.
+// YCbCr: luma before its shift is 2112 for black and 29637 for white.
 template <class Pixels>
 struct LaneYCbCr {
   using Unpack = LaneUnpack<Pixels>;
 
   template <class L>
   PXM_INLINE static LanePixels<Unpack, L> pixels(L word) {
-    return pixelsOf<Unpack, 8422, 16515, 3212, 2112>(word);
+    return pixelsOf<Unpack, ycbcr::lumaRed, ycbcr::lumaGreen, ycbcr::lumaBlue, ycbcr::lumaBias>(
+        word);
   }
 
   template <class... P>
@@ -148,13 +134,13 @@ struct LaneYCbCr {
     return addParts<1>(a, b);
   }
 
-  // The bias is 128 and an eighth of a level.
+  // A sum has 32 for a level of each pixel, and so has the bias, which is that of scalar code.
   template <int n, class L>
   PXM_INLINE static LaneChromaPair<L> chroma(const LaneParts<L>& sum) {
-    constexpr int bias = n == 4 ? 16400 : 8200, shift = 5 + groupBits<n>;
+    constexpr int bias = n * (ycbcr::chromaBias >> (16 - 5)), shift = 5 + groupBits<n>;
     const L r = sum.first, g = sum.second, b = sum.third;
-    const L cb = times<28770>(b) - (times<9699>(r) + times<19071>(g));
-    const L cr = times<28770>(r) - (times<24117>(g) + times<4653>(b));
+    const L cb = times<ycbcr::cbBlue>(b) - (times<ycbcr::cbRed>(r) + times<ycbcr::cbGreen>(g));
+    const L cr = times<ycbcr::crRed>(r) - (times<ycbcr::crGreen>(g) + times<ycbcr::crBlue>(b));
     return {shiftRightLogical<shift>(cb + broadcast<L>(bias)),
             shiftRightLogical<shift>(cr + broadcast<L>(bias))};
   }
@@ -174,7 +160,7 @@ struct LaneYuvOfBgr {
 
   template <class L>
   PXM_INLINE static LanePixels<Unpack, L> pixels(L word) {
-    return pixelsOf<Unpack, 9798, 19235, 3736, 64>(word);
+    return pixelsOf<Unpack, yuv::lumaRed, yuv::lumaGreen, yuv::lumaBlue, yuv::lumaHalf>(word);
   }
 
   template <class P>
@@ -191,19 +177,20 @@ struct LaneYuvOfBgr {
   template <int n, class L>
   PXM_INLINE static LaneChromaPair<L> chroma(const LaneParts<L>& sum) {
     static_assert(n == 4);
-    return {fromDifference<16122>(sum.second - sum.third),
-            fromDifference<28737>(sum.first - sum.third)};
+    return {fromDifference<yuv::u / 2>(sum.second - sum.third),
+            fromDifference<yuv::v / 2>(sum.first - sum.third)};
   }
 
  private:
-  // 8224 is 128 and a half.
+  // 128 and a half, with 64 for a level.
   template <int weight, class L>
   PXM_INLINE static L fromDifference(L difference) {
-    return shiftRight<6>(LaneMulHi(difference, broadcast<L>(weight)) + broadcast<L>(8224));
+    return shiftRight<6>(LaneMulHi(difference, broadcast<L>(weight)) + broadcast<L>(128 * 64 + 32));
   }
 };
 
-// YUV of RGB565: red in the low bits. Its weight of blue less luma is 16121, not 16122.
+// YUV of RGB565: red in the low bits. Required: its weight of blue less luma is one less than that
+// of BGR.
 struct LaneYuvOfRgb565 {
   template <class L>
   struct Pixels {
@@ -213,11 +200,13 @@ struct LaneYuvOfRgb565 {
 
   template <class L>
   PXM_INLINE static Pixels<L> pixels(L word) {
-    const L r = shiftLeft<5>(word) & broadcast<L>(0x3E0);
-    const L g = shiftRightLogical<1>(word) & broadcast<L>(0x3F0);
-    const L b = shiftRightLogical<6>(word) & broadcast<L>(0x3E0);
-    const L sum = LaneMulHi(r, broadcast<L>(9798)) + LaneMulHi(b, broadcast<L>(3736)) +
-                  LaneMulHi(g, broadcast<L>(19235));
+    using F = UnpackRgb565::Fields;
+    const L r = laneField<F::redBits, 0, 6>(word).bits;
+    const L g = laneField<F::greenBits, F::greenAt, 6>(word).bits;
+    const L b = laneField<F::blueBits, F::highAt, 6>(word).bits;
+    const L sum = LaneMulHi(r, broadcast<L>(laneWeight<yuv::lumaRed>)) +
+                  LaneMulHi(b, broadcast<L>(laneWeight<yuv::lumaBlue>)) +
+                  LaneMulHi(g, broadcast<L>(laneWeight<yuv::lumaGreen>));
     return {r, b, sum, average(sum, broadcast<L>(0))};
   }
 
@@ -241,8 +230,8 @@ struct LaneYuvOfRgb565 {
     const L luma = shiftRightLogical<bits>(sum.third);
     const L red = shiftRightLogical<1 + bits>(sum.first);
     const L blue = shiftRightLogical<1 + bits>(sum.second);
-    return {LaneMulHi(blue - luma, broadcast<L>(16121)) + broadcast<L>(128),
-            LaneMulHi(red - luma, broadcast<L>(28737)) + broadcast<L>(128)};
+    return {LaneMulHi(blue - luma, broadcast<L>(yuv::u / 2 - 1)) + broadcast<L>(128),
+            LaneMulHi(red - luma, broadcast<L>(yuv::v / 2)) + broadcast<L>(128)};
   }
 };
 
