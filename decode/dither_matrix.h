@@ -39,14 +39,24 @@ PXM_INLINE constexpr int steppedLevel(int v, int threshold) {
   return level + (threshold < residue);
 }
 
-// Of six bits the threshold is halved, here and only here. Required: white stays one level below
-// the top at row phase 3, column phase 0, where the halved threshold, 1048, equals the residue of
-// 255.
+PXM_INLINE constexpr int DitherLevel4(int v, int threshold) {
+  return steppedLevel<4, 4352>(v, threshold);
+}
+PXM_INLINE constexpr int DitherLevel5(int v, int threshold) {
+  return steppedLevel<5, 2105>(v, threshold);
+}
+
+// The threshold is halved here, and only here. Required: white stays one level below the top at
+// row phase 3, column phase 0, where the halved threshold, 1048, equals the residue of 255.
+PXM_INLINE constexpr int DitherLevel6(int v, int threshold) {
+  return steppedLevel<6, 1036>(v, threshold >> 1);
+}
+
 template <int bits>
 PXM_INLINE constexpr int ditherLevel(int v, int threshold) {
-  if constexpr (bits == 4) return steppedLevel<4, 4352>(v, threshold);
-  if constexpr (bits == 5) return steppedLevel<5, 2105>(v, threshold);
-  if constexpr (bits == 6) return steppedLevel<6, 1036>(v, threshold >> 1);
+  if constexpr (bits == 4) return DitherLevel4(v, threshold);
+  if constexpr (bits == 5) return DitherLevel5(v, threshold);
+  if constexpr (bits == 6) return DitherLevel6(v, threshold);
 }
 
 }  // namespace

@@ -65,9 +65,9 @@ TEST(Dither, MatricesAreTheOracles) {
 TEST(Dither, LevelsOfEveryValueAtEveryThreshold) {
   for (int v = 0; v < 256; ++v)
     for (int t = 0; t <= 4400; ++t) {
-      ASSERT_EQ(ditherLevel<4>(v, t), oracle::ditherLevel4(v, t)) << v << " at " << t;
-      ASSERT_EQ(ditherLevel<5>(v, t), oracle::ditherLevel5(v, t)) << v << " at " << t;
-      ASSERT_EQ(ditherLevel<6>(v, t), oracle::ditherLevel6(v, t)) << v << " at " << t;
+      ASSERT_EQ(DitherLevel4(v, t), oracle::ditherLevel4(v, t)) << v << " at " << t;
+      ASSERT_EQ(DitherLevel5(v, t), oracle::ditherLevel5(v, t)) << v << " at " << t;
+      ASSERT_EQ(DitherLevel6(v, t), oracle::ditherLevel6(v, t)) << v << " at " << t;
     }
 }
 
