@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/examples/example.h"
 
+#include <algorithm>
+
 #include "catalogue/conversions.h"
 #include "catalogue/variants.h"
 
@@ -44,6 +46,18 @@ Bytes signedSamples(const std::vector<int>& values) {
   Bytes bytes;
   for (const int value : values) bytes.push_back(static_cast<std::uint8_t>(value));
   return bytes;
+}
+
+Source placed(int pitch, const std::vector<Stored>& rows) {
+  int lowest = 0, end = 0;
+  for (const Stored& row : rows) {
+    lowest = std::min(lowest, row.offset);
+    end = std::max(end, row.offset + static_cast<int>(row.bytes.size()));
+  }
+  Source source = {samples(end - lowest, 0x99), pitch, -lowest};
+  for (const Stored& row : rows)
+    std::copy(row.bytes.begin(), row.bytes.end(), source.bytes.begin() + row.offset - lowest);
+  return source;
 }
 
 Target rows(int pitch, const std::vector<Bytes>& bytes) {

@@ -60,6 +60,9 @@ Bytes samples(int count, int value);
 // Samples with a sign, as bytes.
 Bytes signedSamples(const std::vector<int>& values);
 
+// Rows to read, at distances from the first one; bytes between them belong to none.
+Source placed(int pitch, const std::vector<Stored>& rows);
+
 // Rows that lie exactly a pitch apart.
 Target rows(int pitch, const std::vector<Bytes>& bytes);
 // The same for pixels.
@@ -78,6 +81,11 @@ std::vector<std::string_view> namesOf(std::string_view front, std::string_view b
 
 // The tables, a file each.
 std::vector<Example> decode422();
+std::vector<Example> depth();
+std::vector<Example> encode411();
+std::vector<Example> encode420();
+std::vector<Example> encode422();
+std::vector<Example> encodeYuv();
 std::vector<Example> twist();
 
 }  // namespace examples

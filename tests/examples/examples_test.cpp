@@ -132,7 +132,8 @@ struct Table {
 };
 
 constexpr Table tables[] = {
-    {"Decode422", decode422},
+    {"Decode422", decode422}, {"Depth", depth},         {"Encode411", encode411},
+    {"Encode420", encode420}, {"Encode422", encode422}, {"EncodeYuv", encodeYuv},
     {"Twist", twist},
 };
 
