@@ -63,27 +63,6 @@ Bytes converted(const char* name, const Bytes& source, std::size_t outBytes) {
   return out;
 }
 
-TEST(Depth, LiteralPixels) {
-  for (const char* name : {"BGR565ToBGR_16u8u_C3R", "RGB565ToRGB_16u8u_C3R"}) {
-    EXPECT_EQ(converted(name, {0xFF, 0xFF}, 4), (Bytes{248, 252, 248, 0x5A}));
-    EXPECT_EQ(converted(name, {0x21, 0x08}, 4), (Bytes{8, 4, 8, 0x5A}));
-    EXPECT_EQ(converted(name, {0, 0}, 4), (Bytes{0, 0, 0, 0x5A}));
-  }
-  for (const char* name : {"BGRToBGR565_8u16u_C3R", "RGBToRGB565_8u16u_C3R"}) {
-    EXPECT_EQ(converted(name, {255, 255, 255}, 3), (Bytes{0xFF, 0xFF, 0x5A}));
-    EXPECT_EQ(converted(name, {7, 3, 7}, 3), (Bytes{0, 0, 0x5A}));
-    EXPECT_EQ(converted(name, {8, 4, 8}, 3), (Bytes{0x21, 0x08, 0x5A}));
-  }
-}
-
-// The low field goes with byte 0 under either name.
-TEST(Depth, NoNameExchangesBytes) {
-  EXPECT_EQ(converted("BGR565ToBGR_16u8u_C3R", {0x1F, 0}, 3), (Bytes{248, 0, 0}));
-  EXPECT_EQ(converted("RGB565ToRGB_16u8u_C3R", {0x1F, 0}, 3), (Bytes{248, 0, 0}));
-  EXPECT_EQ(converted("BGRToBGR565_8u16u_C3R", {255, 0, 0}, 2), (Bytes{0x1F, 0}));
-  EXPECT_EQ(converted("RGBToRGB565_8u16u_C3R", {255, 0, 0}, 2), (Bytes{0x1F, 0}));
-}
-
 TEST(Depth, ExpandingAndPackingGivesThePixelBack) {
   for (unsigned word = 0; word < 65536; ++word) {
     const Bytes pixel = {static_cast<std::uint8_t>(word), static_cast<std::uint8_t>(word >> 8)};

@@ -127,5 +127,16 @@ TEST(OracleNames, NamesThatDoNotExist) {
   EXPECT_THROW(statusAfter("RGB555ToYUV420_16u8u_C3P3R", 2, 2), std::invalid_argument);
 }
 
+TEST(OracleNames, EachConverterTakesItsKindAlone) {
+  for (const char* name : {"BGR565ToBGR_16u8u_C3R", "YCbCrToBGR565_8u16u_C3R", "BGR555ToYUV422",
+                           "ColorTwist32f_8s_C3R"}) {
+    EXPECT_THROW(encode(name, Variant::mx, {}), std::invalid_argument) << name;
+    EXPECT_THROW(encoderVectorColumns(name, Variant::m7, 32), std::invalid_argument) << name;
+  }
+  for (const char* name : {"BGR565ToYUV420_16u8u_C3P3R", "BGR555ToBGR_16u8u_C3R", ""}) {
+    EXPECT_THROW(convertDepth(name, Variant::mx, {}), std::invalid_argument) << name;
+  }
+}
+
 }  // namespace
 }  // namespace oracle
