@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "catalogue/conversions.h"
 
 namespace {
@@ -33,24 +31,4 @@ Words decoded(std::string_view name, std::vector<Bytes> planes, int width, int h
   if (c.has("8u16u_C3R")) a.srcStep[0] = 3 * width;
   EXPECT_EQ(c.call(a), status) << name;
   return {pixels.begin(), pixels.end() - 4};
-}
-
-std::vector<Bytes> encoded(std::string_view name, const Words& pixels, int width, int height,
-                           int status) {
-  const Conversion& c = conversionNamed(name);
-  const std::vector<unsigned short> source(pixels.begin(), pixels.end());
-  const int chroma = std::max(1, c.has("411") ? width / 4 : width / 2);
-  const bool interleaved = c.has("C3C2R");
-  std::vector<Bytes> planes;
-  CallArguments a = {};
-  a.size = {width, height};
-  a.src[0] = reinterpret_cast<const std::uint8_t*>(source.data());
-  a.srcStep[0] = 2 * width;
-  for (int i = 0; i < (interleaved ? 1 : 3); ++i) {
-    a.dstStep[i] = interleaved ? 2 * width : i == 0 ? width : chroma;
-    planes.emplace_back(static_cast<std::size_t>(a.dstStep[i] * height), untouchedByte);
-  }
-  for (std::size_t i = 0; i < planes.size(); ++i) a.dst[i] = planes[i].data();
-  EXPECT_EQ(c.call(a), status) << name;
-  return planes;
 }
