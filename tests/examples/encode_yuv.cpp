@@ -279,9 +279,8 @@ std::vector<Example> encodeYuv() {
        In::Scalar},
   };
 
-  // Colours at a width of blocks and two columns after them. V of red is 280 in scalar code, 281 in
-  // SIMD and 280 from RGB565; that of cyan is -27, -26 and -27 or -26. SIMD from BGR adds a half to
-  // U and V: of red 91.6 becomes 92.
+  // Two columns after the blocks. Before the clamp V of red is 280, and from BGR in SIMD 281; V of
+  // cyan is -27, and in SIMD -26. SIMD rounds U and V from BGR: 91.6 of red becomes 92.
   constexpr BlockColumns at = {18, 16};
   const struct {
     const char* claim;
