@@ -1,9 +1,12 @@
 # SPDX-License-Identifier: MIT
 # The header as the documentation site reads it: what is said once of a group of functions is said of
-# each of them.
+# each of them, and formulas and layouts come without the stars of the comment.
 
 /^\/\*\*$/ { block = $0 "\n"; inComment = 1; isGroup = 0; next }
 inComment {
+  if (verbatim) sub(/^ \*/, "")
+  if (/@endverbatim/) verbatim = 0
+  if (/@verbatim/) verbatim = 1
   block = block $0 "\n"
   if (/@name /) {
     isGroup = 1

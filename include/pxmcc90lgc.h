@@ -549,8 +549,8 @@ pxmStatus legacy90pxmiYCbCr411ToBGR565_8u16u_P3C3R(const unsigned char* src[3], 
 /**
  * @name 16-bit packed pixels to YCbCr 4:2:0 planes (I420; YCrCb: YV12)
  *
- * Components are the fields of a pixel shifted up to 8 bits, without replication: white is 248 or
- * 252. Chroma is the mean of two by two pixels.
+ * Components are the fields of a pixel shifted up to 8 bits, without replication: white is 248,
+ * or 252 in the green of 565. Chroma is the mean of two by two pixels.
  *
  * @param src      the region's first pixel.
  * @param srcStep  source pitch in bytes.
@@ -748,8 +748,8 @@ pxmStatus legacy90pxmiRGBToRGB565_8u16u_C3R(const unsigned char* src, int srcSte
  *
  * computed in float in this order, rounded to the nearest integer, halves to even, and clamped; NaN
  * gives 0. That is variant mx; the others add twist[r][3] last, so that a sum near a half may fall
- * on its other side, give 127 for NaN, and 1 and -1 for plus and minus 0.50000006, where mx gives
- * 0.
+ * on its other side, give 127 for NaN, and 1 and -1 for plus and minus 0.50000006, where mx
+ * gives 0.
  *
  * C3: three bytes a pixel. AC4: four, the fourth being alpha: it plays no part, is not written, and
  * after the last pixel of a row not read. P3: three planes with one pitch.
