@@ -25,7 +25,7 @@ def exported_names(subject: Subject) -> list[str]:
 
 
 def parse_ordinals(headers: list[str]) -> list[str]:
-    """ "ordinal name" of each row in the table of names that objdump prints."""
+    """Of each row in the table of names that objdump prints: ordinal and name."""
     bases = [line.split()[2] for line in headers if line.startswith("Ordinal Base")]
     require(len(bases) == 1, "no base of ordinals")
     rows = iter(headers)
