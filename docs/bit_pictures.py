@@ -10,6 +10,7 @@ the words that the library writes for pure red, green and blue, and for black.
 import ctypes
 import pathlib
 import sys
+from typing import Iterator
 
 # Bit 15 stands at the left; '0' is a spare bit.
 FORMATS = {
@@ -28,20 +29,20 @@ PICTURES = pathlib.Path(__file__).resolve().parent / "pictures"
 PURE = {"R": (81, 90, 240), "G": (145, 54, 34), "B": (41, 240, 110), "0": (16, 128, 128)}
 
 
-def mask(bits, letter):
+def mask(bits: str, letter: str) -> int:
     return sum(1 << (15 - i) for i, c in enumerate(bits) if c == letter)
 
 
-def names(bits):
+def names(bits: str) -> list[str]:
     """Each bit's name, such as R4, the highest bit of a component having the highest number."""
     return [c if c == "0" else f"{c}{bits[i + 1:].count(c)}" for i, c in enumerate(bits)]
 
 
-def text(x, y, words, anchor="middle", size=13):
+def text(x: int, y: int, words: object, anchor: str = "middle", size: int = 13) -> str:
     return f'<text x="{x}" y="{y}" font-size="{size}" text-anchor="{anchor}">{words}</text>'
 
 
-def cells(top, shown):
+def cells(top: int, shown: list[str]) -> Iterator[str]:
     """A row of sixteen cells; the two bytes stand a little apart."""
     for i, name in enumerate(shown):
         x = LEFT + i * CELL + (GAP if i > 7 else 0)
@@ -50,7 +51,7 @@ def cells(top, shown):
         yield text(x + CELL // 2, top + 18, name)
 
 
-def picture(name, bits):
+def picture(name: str, bits: str) -> str:
     shown = names(bits)
     width, height = LEFT + 16 * CELL + GAP + 10, 186
     lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
@@ -76,7 +77,7 @@ class Size(ctypes.Structure):
     _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int)]
 
 
-def word_of(library, name, samples):
+def word_of(library: ctypes.CDLL, name: str, samples: tuple[int, int, int]) -> int:
     """What the library writes for one pixel."""
     planes = [ctypes.create_string_buffer(bytes([s])) for s in samples]
     pointers = (ctypes.c_void_p * 3)(*(ctypes.addressof(p) for p in planes))
@@ -88,24 +89,25 @@ def word_of(library, name, samples):
     return pixel.value
 
 
-def check(library):
+def check(library: ctypes.CDLL) -> str | None:
     faults = []
     for name, bits in FORMATS.items():
         for letter, samples in PURE.items():
             wanted = 0 if letter == "0" else mask(bits, letter)
             written = word_of(library, name, samples)
             if written != wanted:
-                faults.append(f"{name}: the library writes {written:04X} for {letter}, not {wanted:04X}")
+                faults.append(f"{name}: the library writes {written:04X} for {letter}, "
+                              f"not {wanted:04X}")
         if path_of(name).read_text(encoding="ascii") != picture(name, bits):
             faults.append(f"{path_of(name)} is not as drawn; docs/bit_pictures.py draws it")
     return "\n".join(faults) or None
 
 
-def path_of(name):
+def path_of(name: str) -> pathlib.Path:
     return PICTURES / f"bits-{name.lower()}.svg"
 
 
-def main():
+def main() -> None:
     if len(sys.argv) == 3 and sys.argv[1] == "--check":
         sys.exit(check(ctypes.CDLL(sys.argv[2])))
     if len(sys.argv) != 1:

@@ -19,7 +19,7 @@ class Size(ctypes.Structure):
     _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int)]
 
 
-def converted(library, name):
+def converted(library: ctypes.CDLL, name: str) -> list[int]:
     """The words of a gradient from a dark to a lighter dusk blue."""
     luma = bytes(72 + 44 * x // (WIDTH - 1) for x in range(WIDTH)) * HEIGHT
     chroma = [bytes([c]) * (WIDTH * HEIGHT) for c in (142, 122)]
@@ -32,23 +32,25 @@ def converted(library, name):
     return list(pixels)
 
 
-def stretched(word, bits):
+def stretched(word: int, bits: tuple[int, int, int]) -> bytes:
     """Red, green and blue of a BGR word, each field stretched to 255."""
     red, green, blue = bits
     fields = (word >> (green + blue), red), (word >> blue, green), (word, blue)
     return bytes(round((v & ((1 << n) - 1)) * 255 / ((1 << n) - 1)) for v, n in fields)
 
 
-def png(width, height, rows):
-    def chunk(kind, data):
-        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+def png(width: int, height: int, rows: list[bytes]) -> bytes:
+    def chunk(kind: bytes, data: bytes) -> bytes:
+        checksum = struct.pack(">I", zlib.crc32(kind + data))
+        return struct.pack(">I", len(data)) + kind + data + checksum
+
     header = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
     image = zlib.compress(b"".join(b"\0" + row for row in rows), 9)
     return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", image) +
             chunk(b"IEND", b""))
 
 
-def main():
+def main() -> None:
     if len(sys.argv) != 2:
         sys.exit(__doc__)
     library = ctypes.CDLL(sys.argv[1])

@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/variants.h"
+#include "catalogue/variants.h"
 
 namespace {
 
