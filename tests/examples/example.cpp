@@ -76,6 +76,29 @@ Target equalPixels(int width, int height, int pitch, int value) {
   return rows(pitch, std::vector<Bytes>(static_cast<std::size_t>(height), words(width, value)));
 }
 
+Target repeated(int width, int height, const Pattern& pattern) {
+  Pattern pixels;
+  for (std::size_t row = 0; row < static_cast<std::size_t>(height); ++row) {
+    const std::vector<int>& tile = pattern[row % pattern.size()];
+    std::vector<int>& all = pixels.emplace_back();
+    for (std::size_t x = 0; x < static_cast<std::size_t>(width); ++x)
+      all.push_back(tile[x % tile.size()]);
+  }
+  return pixelRows(2 * width, pixels);
+}
+
+std::vector<int> twoParts(int columns, int value, int width, int other) {
+  std::vector<int> row(static_cast<std::size_t>(width), other);
+  std::fill_n(row.begin(), columns, value);
+  return row;
+}
+
+// The thresholds are 289 times 0 8 2 10, 12 4 14 6, 3 11 1 9 and 15 7 13 5, and 2816 is 9.7 times.
+const Pattern grey96 = {{0x666, 0x666, 0x666, 0x555},
+                        {0x555, 0x666, 0x555, 0x666},
+                        {0x666, 0x555, 0x666, 0x666},
+                        {0x555, 0x666, 0x555, 0x666}};
+
 std::vector<std::string_view> namesOf(std::string_view front, std::string_view back, Kinds kinds) {
   std::vector<std::string_view> names;
   for (const Conversion& c : conversions()) {

@@ -38,6 +38,7 @@ struct Target {
   int pitch = 1;
   std::vector<Stored> after;
   std::vector<Stored> before = {};  // of note where the call reads it too: in place
+  int first = 0;                    // where the first row begins; it does not move the bytes stored
 };
 
 struct Example {
@@ -69,10 +70,19 @@ Target rows(int pitch, const std::vector<Bytes>& bytes);
 Target pixelRows(int pitch, const std::vector<std::vector<int>>& pixels);
 // `height` rows of `width` equal pixels.
 Target equalPixels(int width, int height, int pitch, int value);
+// `height` rows of `width` pixels without a gap, which repeat a pattern in both directions.
+using Pattern = std::vector<std::vector<int>>;
+Target repeated(int width, int height, const Pattern& pattern);
+// A row of one value in its first columns and of another in those after them.
+std::vector<int> twoParts(int columns, int value, int width, int other);
 // Nothing is stored.
 inline Target untouched(int pitch) {
   return {pitch, {}};
 }
+
+// A grey of 96 dithered to 444: level 5 and a residue of 96 * 256 - 5 * 4352 = 2816, which raises
+// it where the threshold is less. No two rows of the pattern are the same, nor are two columns.
+extern const Pattern grey96;
 
 // All names of a family: those that begin and end so, with "Dither" in them or without.
 enum class Kinds { Plain, Dither, Both };
@@ -80,7 +90,11 @@ std::vector<std::string_view> namesOf(std::string_view front, std::string_view b
                                       Kinds kinds = Kinds::Both);
 
 // The tables, a file each.
+std::vector<Example> decode411();
+std::vector<Example> decode420();
 std::vector<Example> decode422();
+std::vector<Example> decode444();
+std::vector<Example> decodeYuv420();
 std::vector<Example> depth();
 std::vector<Example> encode411();
 std::vector<Example> encode420();

@@ -59,7 +59,7 @@ class Call {
     }
     for (std::size_t i = 0; i < e.dst.size(); ++i) {
       target[i].store(e.dst[i].before);
-      arguments_.dst[i] = target[i].origin();
+      arguments_.dst[i] = target[i].origin() + e.dst[i].first;
       arguments_.dstStep[i] = e.dst[i].pitch;
     }
     for (std::size_t i = 0; i < e.twist.size(); ++i) arguments_.twist[i / 4][i % 4] = e.twist[i];
@@ -132,8 +132,16 @@ struct Table {
 };
 
 constexpr Table tables[] = {
-    {"Decode422", decode422}, {"Depth", depth},         {"Encode411", encode411},
-    {"Encode420", encode420}, {"Encode422", encode422}, {"EncodeYuv", encodeYuv},
+    {"Decode411", decode411},
+    {"Decode420", decode420},
+    {"Decode422", decode422},
+    {"Decode444", decode444},
+    {"DecodeYuv420", decodeYuv420},
+    {"Depth", depth},
+    {"Encode411", encode411},
+    {"Encode420", encode420},
+    {"Encode422", encode422},
+    {"EncodeYuv", encodeYuv},
     {"Twist", twist},
 };
 
