@@ -82,13 +82,6 @@ struct DecodeCall {
 // one of the 74 decoding names.
 int decode(std::string_view name, Variant variant, const DecodeCall& call);
 
-// One pixel of a 4:4:4 conversion: samples 0 to 255, place counted from the region's top left.
-// Without a width the pixel lies in the columns of the vector blocks.
-std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
-                             int row, int column);
-std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
-                             int row, int column, int width);
-
 }  // namespace oracle
 
 #endif  // TESTS_ORACLE_DECODE_H_

@@ -30,8 +30,7 @@ void decode444(const DecodeJob& job) {
     for (int column = 0; column < call.width; ++column) {
       const Samples s = job.name.layout == DecodeLayout::C3 ? interleaved444(call, row, column)
                                                             : planar444(call, row, column);
-      storeWord(target, column,
-                decodePixel444(job.name, job.variant, s.y, s.cb, s.cr, row, column, call.width));
+      storeWord(target, column, pixelAt(job, s, row, column));
     }
   }
 }

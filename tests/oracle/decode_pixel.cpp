@@ -44,15 +44,4 @@ std::uint16_t decodePixel(const DecodeName& name, Variant variant, bool inVector
   return packed(name, colour(name, variant, inVectorColumns, {y, cb, cr}), row, column);
 }
 
-std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
-                             int row, int column) {
-  return decodePixel(name, variant, true, y, cb, cr, row, column);
-}
-
-std::uint16_t decodePixel444(const DecodeName& name, Variant variant, int y, int cb, int cr,
-                             int row, int column, int width) {
-  const bool inVectorColumns = column < vectorColumns(name, variant, width);
-  return decodePixel(name, variant, inVectorColumns, y, cb, cr, row, column);
-}
-
 }  // namespace oracle

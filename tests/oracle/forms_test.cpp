@@ -95,6 +95,19 @@ TEST(OracleForms, YuvWhiteIs255AndYuvBlackIs0InAllYuvForms) {
   }
 }
 
+// The component that the rounding raises, or does not, in samples of each colour.
+TEST(OracleForms, RoundedIsTheWideFormHalfALevelUp) {
+  EXPECT_EQ(kRounding, 65536 / 2);
+  EXPECT_EQ(kRounding - kWideBlack, -1187776);
+  EXPECT_EQ(decodeRounded(16, 128, 128), (Rgb{0, 0, 0}));
+  EXPECT_EQ(decodeRounded(235, 128, 128), (Rgb{255, 255, 255}));
+  EXPECT_EQ(decodeRounded(81, 90, 240), (Rgb{254, 0, 0}));
+  EXPECT_EQ(decodeRounded(145, 54, 34), (Rgb{0, 255, 1}));
+  EXPECT_EQ(decodeRounded(255, 255, 255), (Rgb{255, 125, 255}));
+  EXPECT_EQ(decodeRounded(0, 0, 0), (Rgb{0, 136, 0}));
+  EXPECT_EQ(decodeWide(0, 0, 0).g, 135);
+}
+
 // The same samples with the chroma exchanged do not tell the two forms apart.
 TEST(OracleForms, StagedAndWideGreenDifferAt0And0And2) {
   EXPECT_EQ(decodeStaged(0, 0, 2).g, 134);
@@ -172,10 +185,11 @@ Multipliers multipliersOf(IndexForm form, int step) {
           first.b - rest.b};
 }
 
-TEST(OracleForms, MultipliersOfTheWideAndFoldedForms) {
+TEST(OracleForms, MultipliersOfTheWideFoldedAndRoundedForms) {
   const Multipliers wanted{76284, 104595, 25690, 53281, 132186};
   EXPECT_EQ(multipliersOf(wideIndices, 65536), wanted);
   EXPECT_EQ(multipliersOf(foldedIndices, 65536), wanted);
+  EXPECT_EQ(multipliersOf(roundedIndices, 65536), wanted);
 }
 
 // Each is an eighth of the wide form's, truncated.
@@ -203,6 +217,10 @@ TEST(OracleForms, IndexRangesOfWide) {
 
 TEST(OracleForms, IndexRangesOfFolded) {
   expectRanges(foldedIndices, {-223, 480}, {-172, 432}, {-277, 534});
+}
+
+TEST(OracleForms, IndexRangesOfRounded) {
+  expectRanges(roundedIndices, {-223, 481}, {-172, 432}, {-277, 534});
 }
 
 TEST(OracleForms, IndexRangesOfYuvPlain) {

@@ -123,6 +123,8 @@ TEST(OracleNames, NamesThatDoNotExist) {
         "legacy90pxmiYCbCrToBGR565_8u16u_C3R"}) {
     EXPECT_FALSE(parseDecodeName(name).has_value()) << name;
   }
+  EXPECT_THROW(decode("BGR565ToBGR_16u8u_C3R", Variant::mx, {}), std::invalid_argument);
+  EXPECT_THROW(decode("YCbCr411ToRGB555_8u16u_P3C3R", Variant::l9, {}), std::invalid_argument);
   EXPECT_THROW(checksOf("BGR555ToYUV422_16u8u_C3P3R"), std::invalid_argument);
   EXPECT_THROW(statusAfter("RGB555ToYUV420_16u8u_C3P3R", 2, 2), std::invalid_argument);
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <stdexcept>
-#include <string>
 
 #include "oracle.h"
 
@@ -37,12 +36,6 @@ int vectorColumns(const DecodeName& name, Variant variant, int width) {
   if (variant == Variant::mx) return 0;
   const int block = smallestBlock(name, variant);
   return width / block * block;
-}
-
-int vectorColumns(std::string_view name, Variant variant, int width) {
-  const auto parsed = parseDecodeName(name);
-  if (!parsed) throw std::invalid_argument("not a decoding conversion: " + std::string(name));
-  return vectorColumns(*parsed, variant, width);
 }
 
 }  // namespace oracle

@@ -7,7 +7,6 @@
 #define TESTS_ORACLE_VECTOR_DECODE_H_
 
 #include <cstdint>
-#include <string_view>
 
 #include "basics.h"
 #include "decode.h"
@@ -37,9 +36,7 @@ bool hasWideLanes(const DecodeName& name, Variant variant);
 
 // The number of columns, from the left, that vector blocks decode in a row of a region. An odd last
 // row of 4:2:0 and YUV 4:2:0 has none. The columns that a block writes beyond the region are not
-// counted, and mx has none at all. Throws std::invalid_argument for any name that is not one of the
-// 74 decoding names.
-int vectorColumns(std::string_view name, Variant variant, int width);
+// counted, and mx has none at all.
 int vectorColumns(const DecodeName& name, Variant variant, int width);
 
 // ---- Pixels ------------------------------------------------------------------------------------
