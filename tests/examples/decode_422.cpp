@@ -235,6 +235,13 @@ std::vector<Example> decode422() {
        {{{163, 57, 116}, 3, 1}},
        {pixelRows(8, {{0x3463}})},
        In::L9},
+      // (58, 143, 12) by the folded form and (58, 144, 12) by all others.
+      {"what blocks do not cover is folded",
+       {"YCbCr422ToRGB565_8u16u_C2C3R"},
+       2,
+       1,
+       {{{105, 83, 105, 100}}},
+       {pixelRows(4, {{0x0C67, 0x0C67}})}},
       // The channel order alone differs, but the RGB names of this variant are not rounded.
       {"RGB twin of a rounded name is not rounded",
        {"YCbCr422ToRGB555_8u16u_C2C3R"},

@@ -275,6 +275,13 @@ std::vector<Example> decode444() {
        1,
        interleaved(1, {{240, 255, 235}}),
        {pixelRows(2, {{0xFBDF}})}},
+      // (58, 144, 12) by the wide form and (58, 143, 12) by the folded one.
+      {"interleaved BGR565 is not folded",
+       {"YCbCrToBGR565_8u16u_C3R"},
+       1,
+       1,
+       interleaved(1, {{105, 83, 100}}),
+       {pixelRows(2, {{0x3C81}})}},
   };
 
   for (const InBoth& r : inBothLayouts()) {
