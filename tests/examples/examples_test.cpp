@@ -20,7 +20,7 @@ namespace {
 // Bytes around an offset 0, untouched at first.
 class Canvas {
  public:
-  static constexpr int margin = 512;
+  static constexpr int margin = 1024;
   static constexpr std::uint8_t untouchedByte = 0xA5;
 
   std::uint8_t* origin() { return bytes_.data() + margin; }
