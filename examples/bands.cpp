@@ -11,8 +11,6 @@
 //    variants write there at some sizes. Without the room they would write into the first row of
 //    the next band, which another thread may have finished.
 // Source planes are only read, so bands share them. The library itself needs no preparation.
-#include <getopt.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -21,6 +19,7 @@
 #include <thread>
 #include <vector>
 
+#include "command_line.h"
 #include "conversions.h"
 #include "failure.h"
 #include "picture_buffers.h"
@@ -55,6 +54,7 @@ constexpr const char* kHelp =
     "                   4 with --dither, otherwise 2 in 4:2:0 and 1 elsewhere. Units that\n"
     "                   are no multiple of these show what goes wrong\n"
     "  --help           print this text\n"
+    "  --version        print the version\n"
     "\n"
     "There are no more bands than whole units, and each takes at least one unit; rows\n"
     "left over go with the last. Times are medians of 15 runs. Those in bands include\n"
@@ -85,7 +85,6 @@ struct Options {
   std::string_view to = "bgr565";
   std::string_view chroma = "420";
   bool dither = false;
-  bool help = false;
   examples::Size size = {1920, 1080};
   int threads = 0;  // as many as the machine runs at once
   int unit = 0;     // what the conversion needs
@@ -215,7 +214,7 @@ std::string inWords(const char* format, double number) {
   return text;
 }
 
-// Both are timed by turns, so that what else the machine does falls on both.
+// Both are timed alternately, so that what else the machine does falls on both.
 std::string timed(Picture& picture, const std::vector<Band>& bands) {
   std::vector<double> whole;
   std::vector<double> parted;
@@ -250,49 +249,24 @@ const Source& findSource(std::string_view name) {
   throw UsageFailure("--chroma " + examples::quoted(name) + " is not one of " + names);
 }
 
-int readNumber(const char* name, const char* text, long long limit) {
-  const long long number = examples::positiveNumber(text, limit);
-  if (number == 0) {
-    throw UsageFailure(std::string(name) + " " + examples::quoted(text) + " is not 1 to " +
-                       std::to_string(limit));
-  }
-  return static_cast<int>(number);
-}
-
-Options readCommandLine(int argc, char** argv) {
-  static const option kOptions[] = {
-      {"to", required_argument, nullptr, 't'},      {"dither", no_argument, nullptr, 'd'},
-      {"chroma", required_argument, nullptr, 'c'},  {"size", required_argument, nullptr, 's'},
-      {"threads", required_argument, nullptr, 'n'}, {"unit", required_argument, nullptr, 'u'},
-      {"help", no_argument, nullptr, 'h'},          {nullptr, 0, nullptr, 0}};
-  Options options;
-  opterr = 0;
-  for (int c; (c = getopt_long(argc, argv, ":h", kOptions, nullptr)) != -1;) {
-    if (c == 't') {
-      options.to = optarg;
-    } else if (c == 'd') {
-      options.dither = true;
-    } else if (c == 'c') {
-      options.chroma = optarg;
-    } else if (c == 's') {
-      options.size = examples::readSize(optarg);
-    } else if (c == 'n') {
-      options.threads = readNumber("--threads", optarg, kMostThreads);
-    } else if (c == 'u') {
-      options.unit = readNumber("--unit", optarg, examples::kLongestSide);
-    } else if (c == 'h') {
-      options.help = true;
-      return options;
-    } else if (c == ':') {
-      throw UsageFailure(examples::quoted(argv[optind - 1]) + " needs a value");
-    } else {
-      throw UsageFailure("option " + examples::quoted(argv[optind - 1]) + " is not known");
-    }
-  }
-  if (optind < argc) {
-    throw UsageFailure(examples::quoted(argv[optind]) + " is too much");
-  }
-  return options;
+// False if there is nothing to convert.
+bool readOptions(int argc, char** argv, Options& options) {
+  const auto number = [](const char* name, const char* value, long long limit) {
+    return static_cast<int>(examples::numberOf(name, value, limit));
+  };
+  return examples::readCommandLine(
+      {"bands",
+       kHelp,
+       {{"to", "FORMAT", [&](const char* value) { options.to = value; }},
+        {"dither", nullptr, [&](const char*) { options.dither = true; }},
+        {"chroma", "FORMAT", [&](const char* value) { options.chroma = value; }},
+        {"size", "WxH", [&](const char* value) { options.size = examples::readSize(value); }},
+        {"threads", "N",
+         [&](const char* value) { options.threads = number("threads", value, kMostThreads); }},
+        {"unit", "N",
+         [&](const char* value) { options.unit = number("unit", value, examples::kLongestSide); }}},
+       {}},
+      argc, argv);
 }
 
 // By default one thread for each that the machine runs at once.
@@ -302,9 +276,8 @@ int threadCount(const Options& options) {
 }
 
 void run(int argc, char** argv) {
-  const Options options = readCommandLine(argc, argv);
-  if (options.help) {
-    examples::printToStandardOutput(kHelp);
+  Options options;
+  if (!readOptions(argc, argv, options)) {
     return;
   }
   const Source& source = findSource(options.chroma);

@@ -2,6 +2,7 @@
 #include "output_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -9,6 +10,7 @@
 #include <system_error>
 
 #include "failure.h"
+#include "unfinished.h"
 
 namespace examples {
 
@@ -64,7 +66,9 @@ OutputFile::~OutputFile() {
     std::fclose(file_);
   }
   if (!temporary_.empty()) {
+    const HeldSignals held;
     std::remove(temporary_.c_str());
+    noteUnfinished("");
   }
 }
 
@@ -74,9 +78,11 @@ void OutputFile::openTemporary() {
   const std::string stem = (std::filesystem::path(path_).parent_path() / plain).string();
   for (int i = 0; i < kTemporaryNames && file_ == nullptr; ++i) {
     const std::string name = stem + std::to_string(i);
+    const HeldSignals held;
     file_ = openNewFile(name);
     if (file_ != nullptr) {
       temporary_ = name;
+      noteUnfinished(name);
     } else if (errno != EEXIST) {
       return;
     }
@@ -102,12 +108,30 @@ void OutputFile::commit() {
   if (temporary_.empty()) {
     return;
   }
+  const HeldSignals held;
   std::error_code error;
   std::filesystem::rename(temporary_, path_, error);
   if (error) {
     throw Failure(systemFailure("write", path_, error.default_error_condition().value()));
   }
   temporary_.clear();
+  noteUnfinished("");
+}
+
+void requireOtherFile(const std::string& input, const std::string& output) {
+  struct stat in, out;
+  const bool known = (input == "-" ? fstat(0, &in) : stat(input.c_str(), &in)) == 0 &&
+                     (output == "-" ? fstat(1, &out) : stat(output.c_str(), &out)) == 0;
+  if (!known || !S_ISREG(in.st_mode) || !S_ISREG(out.st_mode)) {
+    return;
+  }
+  std::error_code error;
+  const bool same = in.st_ino != 0 ? in.st_ino == out.st_ino && in.st_dev == out.st_dev
+                                   : std::filesystem::equivalent(input, output, error);
+  if (same) {
+    throw Failure("INPUT and OUTPUT are the same file, " +
+                  examples::quoted(output == "-" ? "standard output" : output));
+  }
 }
 
 }  // namespace examples

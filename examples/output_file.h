@@ -11,7 +11,8 @@ namespace examples {
 /// Writes under a temporary name in the directory of the target and takes the target's name on
 /// commit(). Without commit() the temporary file is deleted and an older target stays as it was.
 /// A target that exists and is no regular file (a device, a pipe) is written directly, and "-" is
-/// standard output.
+/// standard output. A signal that ends the program deletes the temporary file; one such file is
+/// open at a time.
 class OutputFile {
  public:
   explicit OutputFile(const std::string& path);
@@ -37,6 +38,9 @@ class OutputFile {
   std::string temporary_;  // empty if the target is written directly
   std::FILE* file_ = nullptr;
 };
+
+/// Throws a Failure if both are one file; "-" is standard input, or standard output.
+void requireOtherFile(const std::string& input, const std::string& output);
 
 }  // namespace examples
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Reduces a picture to 16-bit pixels and encodes these as a clip.
-#include <getopt.h>
-
 #include <string>
 
+#include "command_line.h"
 #include "encodings.h"
 #include "failure.h"
 #include "output_file.h"
@@ -14,7 +13,6 @@ namespace {
 
 using examples::EncodedPicture;
 using examples::OutputFile;
-using examples::UsageFailure;
 
 constexpr const char* kHelp =
     "Usage: png2y4m --via FORMAT --chroma FORMAT [--frames N] INPUT.png OUTPUT.y4m\n"
@@ -29,6 +27,7 @@ constexpr const char* kHelp =
     "                   yuv420 only\n"
     "  --frames N       number of equal frames, from 1 to 1000000 (1)\n"
     "  --help           print this text\n"
+    "  --version        print the version\n"
     "\n"
     "INPUT.png is a file, or - for standard input. Palettes, gray and 16-bit samples\n"
     "are turned into 8-bit colours, transparent pixels stand on black. OUTPUT.y4m is\n"
@@ -40,7 +39,7 @@ constexpr const char* kHelp =
     "\n"
     "The analogue differences of yuv420 are not those that players expect of\n"
     "C420jpeg: blue ones are smaller, red ones larger, and cut off in saturated red\n"
-    "and cyan. y4m2png --matrix yuv takes them as they are.\n"
+    "and cyan. y4m2rgb --matrix yuv takes them as they are.\n"
     "\n"
     "An error is one line on standard error and an exit status of 1, or of 2 for a\n"
     "command line that cannot be carried out. A file is written whole or not at all.\n";
@@ -50,63 +49,41 @@ constexpr long long kMostFrames = 1000000;
 struct Options {
   const examples::PixelFormat* via = nullptr;
   const examples::ChromaEncoding* chroma = nullptr;
+  bool hasVia = false;
+  bool hasChroma = false;
   long long frames = 1;
-  bool help = false;
   std::string input;
   std::string output;
 };
 
-long long frameCount(const char* text) {
-  const long long frames = examples::positiveNumber(text, kMostFrames);
-  if (frames == 0) {
-    throw UsageFailure("--frames " + examples::quoted(text) + " is not 1 to 1000000");
-  }
-  return frames;
-}
-
-void readPositional(int argc, char** argv, Options& options) {
-  if (options.via == nullptr || options.chroma == nullptr) {
-    throw UsageFailure(options.via == nullptr ? "--via FORMAT is missing"
-                                              : "--chroma FORMAT is missing");
+// False if there is nothing to convert.
+bool readOptions(int argc, char** argv, Options& options) {
+  const examples::CommandLine line = {"png2y4m",
+                                      kHelp,
+                                      {{"via", "FORMAT",
+                                        [&](const char* value) {
+                                          options.via = &examples::findPixelFormat(value);
+                                          options.hasVia = true;
+                                        },
+                                        &options.hasVia},
+                                       {"chroma", "FORMAT",
+                                        [&](const char* value) {
+                                          options.chroma = &examples::findChromaEncoding(value);
+                                          options.hasChroma = true;
+                                        },
+                                        &options.hasChroma},
+                                       {"frames", "N",
+                                        [&](const char* value) {
+                                          options.frames =
+                                              examples::numberOf("frames", value, kMostFrames);
+                                        }}},
+                                      {{"INPUT", &options.input}, {"OUTPUT", &options.output}}};
+  if (!examples::readCommandLine(line, argc, argv)) {
+    return false;
   }
   examples::findEncoding(*options.via, *options.chroma);
-  if (argc - optind != 2) {
-    throw UsageFailure(argc - optind < 2 ? "INPUT or OUTPUT is missing"
-                                         : examples::quoted(argv[optind + 2]) + " is too much");
-  }
-  options.input = argv[optind];
-  options.output = argv[optind + 1];
-  if (options.output.empty()) {
-    throw UsageFailure("OUTPUT '' is not the name of a file");
-  }
-}
-
-Options readCommandLine(int argc, char** argv) {
-  static const option kOptions[] = {{"via", required_argument, nullptr, 'v'},
-                                    {"chroma", required_argument, nullptr, 'c'},
-                                    {"frames", required_argument, nullptr, 'f'},
-                                    {"help", no_argument, nullptr, 'h'},
-                                    {nullptr, 0, nullptr, 0}};
-  Options options;
-  opterr = 0;
-  for (int c; (c = getopt_long(argc, argv, ":h", kOptions, nullptr)) != -1;) {
-    if (c == 'v') {
-      options.via = &examples::findPixelFormat(optarg);
-    } else if (c == 'c') {
-      options.chroma = &examples::findChromaEncoding(optarg);
-    } else if (c == 'f') {
-      options.frames = frameCount(optarg);
-    } else if (c == 'h') {
-      options.help = true;
-      return options;
-    } else if (c == ':') {
-      throw UsageFailure(examples::quoted(argv[optind - 1]) + " needs a value");
-    } else {
-      throw UsageFailure("option " + examples::quoted(argv[optind - 1]) + " is not known");
-    }
-  }
-  readPositional(argc, argv, options);
-  return options;
+  examples::requireOtherFile(options.input, options.output);
+  return true;
 }
 
 void writeFrame(OutputFile& file, const EncodedPicture& picture) {
@@ -120,9 +97,8 @@ void writeFrame(OutputFile& file, const EncodedPicture& picture) {
 }
 
 void run(int argc, char** argv) {
-  const Options options = readCommandLine(argc, argv);
-  if (options.help) {
-    examples::printToStandardOutput(kHelp);
+  Options options;
+  if (!readOptions(argc, argv, options)) {
     return;
   }
   const EncodedPicture picture(examples::readPng(options.input, options.via->order), *options.via,

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Writes a clip that shows what few bits do to colours. The same bytes on every machine.
-#include <getopt.h>
-
 #include <string>
-#include <string_view>
 
+#include "command_line.h"
 #include "failure.h"
 #include "output_file.h"
 #include "test_picture.h"
 #include "y4m.h"
 
 namespace {
-
-using examples::UsageFailure;
 
 constexpr const char* kHelp =
     "Usage: testclip [--size WxH] [--frames N] OUTPUT\n"
@@ -23,6 +19,7 @@ constexpr const char* kHelp =
     "  --size WxH  size in pixels, each from 1 to 16384 (640x360)\n"
     "  --frames N  number of frames, from 1 to 1000000 (1)\n"
     "  --help      print this text\n"
+    "  --version   print the version\n"
     "\n"
     "OUTPUT is a file, or - for standard output.\n"
     "\n"
@@ -34,57 +31,21 @@ constexpr long long kMostFrames = 1000000;
 struct Options {
   examples::Size size = {640, 360};
   int frames = 1;
-  bool help = false;
   std::string output;
 };
 
-void readFrames(std::string_view text, Options& options) {
-  options.frames = static_cast<int>(examples::positiveNumber(text, kMostFrames));
-  if (options.frames == 0) {
-    throw UsageFailure("--frames " + examples::quoted(text) + " is not 1 to 1000000");
-  }
-}
-
-void readPositional(int argc, char** argv, Options& options) {
-  if (argc - optind != 1) {
-    throw UsageFailure(argc == optind ? "OUTPUT is missing"
-                                      : examples::quoted(argv[optind + 1]) + " is too much");
-  }
-  options.output = argv[optind];
-  if (options.output.empty()) {
-    throw UsageFailure("OUTPUT '' is not the name of a file");
-  }
-}
-
-Options readCommandLine(int argc, char** argv) {
-  static const option kOptions[] = {{"size", required_argument, nullptr, 's'},
-                                    {"frames", required_argument, nullptr, 'f'},
-                                    {"help", no_argument, nullptr, 'h'},
-                                    {nullptr, 0, nullptr, 0}};
-  Options options;
-  opterr = 0;
-  for (int c; (c = getopt_long(argc, argv, ":h", kOptions, nullptr)) != -1;) {
-    if (c == 's') {
-      options.size = examples::readSize(optarg);
-    } else if (c == 'f') {
-      readFrames(optarg, options);
-    } else if (c == 'h') {
-      options.help = true;
-      return options;
-    } else if (c == ':') {
-      throw UsageFailure(examples::quoted(argv[optind - 1]) + " needs a value");
-    } else {
-      throw UsageFailure("option " + examples::quoted(argv[optind - 1]) + " is not known");
-    }
-  }
-  readPositional(argc, argv, options);
-  return options;
-}
-
 void run(int argc, char** argv) {
-  const Options options = readCommandLine(argc, argv);
-  if (options.help) {
-    examples::printToStandardOutput(kHelp);
+  Options options;
+  const examples::CommandLine line = {
+      "testclip",
+      kHelp,
+      {{"size", "WxH", [&](const char* value) { options.size = examples::readSize(value); }},
+       {"frames", "N",
+        [&](const char* value) {
+          options.frames = static_cast<int>(examples::numberOf("frames", value, kMostFrames));
+        }}},
+      {{"OUTPUT", &options.output}}};
+  if (!examples::readCommandLine(line, argc, argv)) {
     return;
   }
   examples::OutputFile file(options.output);

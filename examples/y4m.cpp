@@ -118,6 +118,10 @@ bool Y4mReader::hasFrame() {
 void Y4mReader::readFrame(PictureBuffers& buffers) {
   for (int i = 0; i < 3; ++i) {
     const Size samples = buffers.samples(i);
+    if (buffers.planeStep(i) == samples.width) {
+      readSamples(buffers.plane(i), area(samples.width, samples.height));
+      continue;
+    }
     for (int y = 0; y < samples.height; ++y) {
       readSamples(buffers.planeRow(i, y), static_cast<size_t>(samples.width));
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Command lines and targets that y4m2png cannot carry out.
+// Command lines and targets that y4m2rgb cannot carry out.
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -39,6 +39,8 @@ const BadCommand kBadCommands[] = {
     {"HugeFrames", {"--to", "bgr565", "--frames", "99999999999999999999", "i", "o"}, "--frames '9"},
     {"EmptyOutput", {"--to", "bgr565", "in.y4m", ""}, "OUTPUT '' is not the name of a file"},
     {"StandardOutput", {"--to", "bgr565", "in.y4m", "-"}, "OUTPUT '-' is not the name of a file"},
+    {"SwapWithoutRaw", {"--to", "bgr565", "--swap", "in.y4m", "o.png"}, "--swap is for --raw"},
+    {"EmptyRawOutput", {"--raw", "--to", "bgr565", "in.y4m", ""}, "OUTPUT '' is not the name of"},
     {"String", {"--to", "bgr565", "in.y4m", "%s.png"}, "'%s.png' has a % that is none of"},
     {"Count", {"--to", "bgr565", "in.y4m", "%n.png"}, "'%n.png' has a % that is none of"},
     {"SpacePadding", {"--to", "bgr565", "in.y4m", "%3d.png"}, "'%3d.png' has a % that is none of"},
@@ -52,10 +54,10 @@ const BadCommand kBadCommands[] = {
 
 class CommandLine : public ProgramTest, public testing::WithParamInterface<BadCommand> {};
 
-TEST_P(CommandLine, IsRefused) {
+TEST_P(CommandLine, IsRejected) {
   store("in.y4m", flatClip(1, 1, {16, 128, 128}));
-  const Outcome outcome = y4m2png(GetParam().arguments);
-  EXPECT_TRUE(failedWith(outcome, 2, "y4m2png", GetParam().reason));
+  const Outcome outcome = y4m2rgb(GetParam().arguments);
+  EXPECT_TRUE(failedWith(outcome, 2, "y4m2rgb", GetParam().reason));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
@@ -73,42 +75,42 @@ class OutputFiles : public ProgramTest {
   }
 
   Outcome convertTo(const std::string& output, const Surroundings& around = {}) const {
-    return y4m2png({"--to", "bgr565", "in.y4m", output}, around);
+    return y4m2rgb({"--to", "bgr565", "in.y4m", output}, around);
   }
 };
 
 TEST_F(OutputFiles, MissingInput) {
-  EXPECT_TRUE(failedWith(y4m2png({"--to", "bgr565", "none.y4m", "out.png"}), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(y4m2rgb({"--to", "bgr565", "none.y4m", "out.png"}), 1, "y4m2rgb",
                          "cannot open 'none.y4m': No such file or directory"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, DirectoryAsInput) {
-  EXPECT_TRUE(failedWith(y4m2png({"--to", "bgr565", ".", "out.png"}), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(y4m2rgb({"--to", "bgr565", ".", "out.png"}), 1, "y4m2rgb",
                          "cannot read '.': Is a directory"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, MissingDirectory) {
-  EXPECT_TRUE(failedWith(convertTo("none/out.png"), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(convertTo("none/out.png"), 1, "y4m2rgb",
                          "cannot write 'none/out.png': No such file or directory"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, FileAsDirectory) {
-  EXPECT_TRUE(failedWith(convertTo("in.y4m/out.png"), 1, "y4m2png", "Not a directory"));
+  EXPECT_TRUE(failedWith(convertTo("in.y4m/out.png"), 1, "y4m2rgb", "Not a directory"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, DirectoryAsOutput) {
   std::filesystem::create_directory(path("out.png"));
   EXPECT_TRUE(
-      failedWith(convertTo("out.png"), 1, "y4m2png", "cannot write 'out.png': Is a directory"));
+      failedWith(convertTo("out.png"), 1, "y4m2rgb", "cannot write 'out.png': Is a directory"));
   EXPECT_EQ(files(), (Names{"in.y4m", "out.png"}));
 }
 
 TEST_F(OutputFiles, NameThatIsTooLong) {
-  EXPECT_TRUE(failedWith(convertTo(std::string(300, 'n')), 1, "y4m2png", "File name too long"));
+  EXPECT_TRUE(failedWith(convertTo(std::string(300, 'n')), 1, "y4m2rgb", "File name too long"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
@@ -119,33 +121,45 @@ TEST_F(OutputFiles, LongestName) {
 }
 
 TEST_F(OutputFiles, FullDevice) {
-  EXPECT_TRUE(failedWith(convertTo("/dev/full"), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(convertTo("/dev/full"), 1, "y4m2rgb",
                          "cannot write '/dev/full': No space left on device"));
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }
 
 TEST_F(OutputFiles, FileLimitWhileWriting) {
-  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 8192}), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 8192}), 1, "y4m2rgb",
                          "cannot write 'out.png': File too large"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, FileLimitAtTheEnd) {
   store("in.y4m", flatClip(1, 1, {16, 128, 128}));
-  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 60}), 1, "y4m2png", ""));
+  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 60}), 1, "y4m2rgb", ""));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_F(OutputFiles, OlderPictureSurvivesAFailure) {
   store("out.png", "an older picture");
-  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 8192}), 1, "y4m2png", "'out.png'"));
+  EXPECT_TRUE(failedWith(convertTo("out.png", {.longestFile = 8192}), 1, "y4m2rgb", "'out.png'"));
   EXPECT_EQ(load("out.png"), "an older picture");
   EXPECT_EQ(files(), (Names{"in.y4m", "out.png"}));
 }
 
+TEST_F(OutputFiles, InputAsOutput) {
+  const std::string before = load("in.y4m");
+  EXPECT_TRUE(failedWith(convertTo("in.y4m"), 1, "y4m2rgb", "are the same file, 'in.y4m'"));
+  EXPECT_TRUE(failedWith(y4m2rgb({"--raw", "--to", "bgr565", "in.y4m", "./in.y4m"}), 1, "y4m2rgb",
+                         "are the same file, './in.y4m'"));
+  std::filesystem::create_hard_link(path("in.y4m"), path("link.y4m"));
+  EXPECT_TRUE(failedWith(y4m2rgb({"--raw", "--to", "bgr565", "in.y4m", "link.y4m"}), 1, "y4m2rgb",
+                         "are the same file, 'link.y4m'"));
+  EXPECT_EQ(load("in.y4m"), before);
+  EXPECT_EQ(files(), (Names{"in.y4m", "link.y4m"}));
+}
+
 TEST_F(OutputFiles, SecondFrameWithoutAPlaceForItsNumber) {
   store("in.y4m", header(1, 1) + frame({{16, 128, 128}}) + frame({{16, 128, 128}}));
-  EXPECT_TRUE(failedWith(convertTo("out.png"), 2, "y4m2png", "'out.png' has no %d"));
+  EXPECT_TRUE(failedWith(convertTo("out.png"), 2, "y4m2rgb", "'out.png' has no %d"));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Clips that y4m2png rejects with one line and without a picture.
+// Clips that y4m2rgb rejects with one line and without a picture.
 #include <string>
 #include <vector>
 
@@ -73,14 +73,14 @@ class DamagedClip : public ProgramTest, public testing::WithParamInterface<BadCl
 
 TEST_P(DamagedClip, IsRefused) {
   store("in.y4m", GetParam().bytes);
-  const Outcome outcome = y4m2png({"--to", "bgr565", "in.y4m", "out.png"});
-  EXPECT_TRUE(failedWith(outcome, 1, "y4m2png", GetParam().reason));
+  const Outcome outcome = y4m2rgb({"--to", "bgr565", "in.y4m", "out.png"});
+  EXPECT_TRUE(failedWith(outcome, 1, "y4m2rgb", GetParam().reason));
   EXPECT_EQ(files(), Names{"in.y4m"});
 }
 
 TEST_P(DamagedClip, IsRefusedOnStandardInput) {
-  const Outcome outcome = y4m2png({"--to", "rgb444", "-", "out.png"}, {.input = GetParam().bytes});
-  EXPECT_TRUE(failedWith(outcome, 1, "y4m2png", GetParam().reason));
+  const Outcome outcome = y4m2rgb({"--to", "rgb444", "-", "out.png"}, {.input = GetParam().bytes});
+  EXPECT_TRUE(failedWith(outcome, 1, "y4m2rgb", GetParam().reason));
   EXPECT_EQ(files(), Names{});
 }
 
@@ -91,8 +91,8 @@ class TruncatedClip : public ProgramTest {};
 
 TEST_F(TruncatedClip, PicturesBeforeTheDamageStay) {
   store("in.y4m", header(1, 1) + kPixel + kPixel + "FRAME\n\x10");
-  const Outcome outcome = y4m2png({"--to", "bgr565", "in.y4m", "%02d.png"});
-  EXPECT_TRUE(failedWith(outcome, 1, "y4m2png", "the clip ends inside frame 3"));
+  const Outcome outcome = y4m2rgb({"--to", "bgr565", "in.y4m", "%02d.png"});
+  EXPECT_TRUE(failedWith(outcome, 1, "y4m2rgb", "the clip ends inside frame 3"));
   EXPECT_EQ(files(), (Names{"01.png", "02.png", "in.y4m"}));
 }
 
@@ -100,8 +100,8 @@ TEST_F(TruncatedClip, EveryLengthIsRefused) {
   const std::string whole = flatClip(2, 3, {81, 90, 240});
   for (size_t length = 0; length < whole.size(); ++length) {
     const Outcome outcome =
-        y4m2png({"--to", "bgr565", "-", "out.png"}, {.input = whole.substr(0, length)});
-    EXPECT_TRUE(failedWith(outcome, 1, "y4m2png", "")) << length;
+        y4m2rgb({"--to", "bgr565", "-", "out.png"}, {.input = whole.substr(0, length)});
+    EXPECT_TRUE(failedWith(outcome, 1, "y4m2rgb", "")) << length;
     EXPECT_EQ(files(), Names{}) << length;
   }
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Clips that y4m2png converts, with pixels worked out by hand.
+// Clips that y4m2rgb converts, with pixels worked out by hand.
 #include <string>
 #include <vector>
 
@@ -25,7 +25,7 @@ class Pictures : public ProgramTest {
     std::vector<std::string> arguments = options;
     arguments.insert(arguments.end(), {"in.y4m", "out.png"});
     store("in.y4m", bytes);
-    EXPECT_TRUE(succeeded(y4m2png(arguments)));
+    EXPECT_TRUE(succeeded(y4m2rgb(arguments)));
     EXPECT_EQ(files(), (Names{"in.y4m", "out.png"}));
     const Picture picture = readPicture(path("out.png"));
     EXPECT_TRUE(picture.isPlainRgb);
@@ -125,8 +125,8 @@ TEST_F(Pictures, FrameLineMayHaveParameters) {
 
 TEST_F(Pictures, FramesAreNumberedFromOne) {
   store("in.y4m", header(1, 1) + frame({kRed}) + frame({kBlue}) + frame({kGrey}));
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "in.y4m", "p%d.png"})));
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "in.y4m", "%%q%03d-%%.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "in.y4m", "p%d.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "in.y4m", "%%q%03d-%%.png"})));
   EXPECT_EQ(files(), (Names{"%q001-%.png", "%q002-%.png", "%q003-%.png", "in.y4m", "p1.png",
                             "p2.png", "p3.png"}));
   EXPECT_EQ(readPicture(path("p1.png")).at(0, 0), 0xff0000u);
@@ -136,22 +136,22 @@ TEST_F(Pictures, FramesAreNumberedFromOne) {
 
 TEST_F(Pictures, FramesStopsEarlyAndAllowsAPlainName) {
   store("in.y4m", header(1, 1) + frame({kRed}) + frame({kBlue}) + "garbage");
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "--frames", "2", "in.y4m", "p%d.png"})));
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "--frames", "1", "in.y4m", "one.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "--frames", "2", "in.y4m", "p%d.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "--frames", "1", "in.y4m", "one.png"})));
   EXPECT_EQ(files(), (Names{"in.y4m", "one.png", "p1.png", "p2.png"}));
 }
 
 TEST_F(Pictures, EveryFrameIsDitheredAlike) {
   const std::string same = frame(std::vector<Sample>(6 * 5, kGrey));
   store("in.y4m", header(6, 5) + same + same);
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "rgb565", "--dither", "in.y4m", "%d.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "rgb565", "--dither", "in.y4m", "%d.png"})));
   EXPECT_EQ(readPicture(path("1.png")).bytes, readPicture(path("2.png")).bytes);
   EXPECT_EQ(readPicture(path("1.png")).height, 5);
 }
 
 TEST_F(Pictures, StandardInput) {
   EXPECT_TRUE(
-      succeeded(y4m2png({"--to", "bgr444", "-", "out.png"}, {.input = flatClip(3, 1, kTeal)})));
+      succeeded(y4m2rgb({"--to", "bgr444", "-", "out.png"}, {.input = flatClip(3, 1, kTeal)})));
   EXPECT_EQ(readPicture(path("out.png")).at(2, 0), 0x2277aau);
 }
 
@@ -162,7 +162,7 @@ TEST_F(Pictures, OlderPictureIsReplaced) {
 
 TEST_F(Pictures, RowsOfAMillionPixelsAndMoreAreWritten) {
   store("in.y4m", flatClip(1000001, 1, kGrey));
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "in.y4m", "out.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "in.y4m", "out.png"})));
   EXPECT_EQ(load("out.png").substr(16, 8), std::string("\x00\x0f\x42\x41\x00\x00\x00\x01", 8));
 }
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <png.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -119,8 +120,36 @@ Outcome ProgramTest::run(const std::vector<std::string>& command,
           readFile(streams.err)};
 }
 
-Outcome ProgramTest::y4m2png(std::vector<std::string> arguments, const Surroundings& around) const {
-  return run(prepended(Y4M2PNG, std::move(arguments)), around);
+int ProgramTest::runInterrupted(const std::vector<std::string>& command, const std::string& input,
+                                int signal) const {
+  const std::string beside = fs::path(directory_).parent_path().string();
+  const Streams streams = {beside + "/pipe", beside + "/out", beside + "/err"};
+  if (mkfifo(streams.in.c_str(), 0600) != 0) {
+    throw std::runtime_error("cannot make " + streams.in);
+  }
+  const auto before = files();
+  const pid_t child = fork();
+  if (child == 0) {
+    becomeProgram(command, streams, directory_, -1);
+  }
+  const int pipe = open(streams.in.c_str(), O_WRONLY);
+  if (child < 0 || write(pipe, input.data(), input.size()) != static_cast<ssize_t>(input.size())) {
+    throw std::runtime_error("cannot run " + command[0]);
+  }
+  for (int i = 0; i < 1000 && files() == before; ++i) {
+    usleep(10000);
+  }
+  EXPECT_NE(files(), before) << "no file is begun";
+  kill(child, signal);
+  int status = 0;
+  waitpid(child, &status, 0);
+  close(pipe);
+  fs::remove(streams.in);
+  return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+}
+
+Outcome ProgramTest::y4m2rgb(std::vector<std::string> arguments, const Surroundings& around) const {
+  return run(prepended(Y4M2RGB, std::move(arguments)), around);
 }
 
 Outcome ProgramTest::png2y4m(std::vector<std::string> arguments, const Surroundings& around) const {

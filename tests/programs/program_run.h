@@ -32,8 +32,14 @@ class ProgramTest : public testing::Test {
 
   Outcome run(const std::vector<std::string>& command, const Surroundings& around = {}) const;
 
-  /// Runs y4m2png with these arguments.
-  Outcome y4m2png(std::vector<std::string> arguments, const Surroundings& around = {}) const;
+  /// Runs a program on a pipe that holds some bytes and does not end; once the program has begun a
+  /// file in the directory, sends it a signal.
+  /// @return the signal that ended it, 0 if it ended by itself
+  int runInterrupted(const std::vector<std::string>& command, const std::string& input,
+                     int signal) const;
+
+  /// Runs y4m2rgb with these arguments.
+  Outcome y4m2rgb(std::vector<std::string> arguments, const Surroundings& around = {}) const;
   /// Runs png2y4m with these arguments.
   Outcome png2y4m(std::vector<std::string> arguments, const Surroundings& around = {}) const;
   /// Runs testclip with these arguments.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures through png2y4m and y4m2png and back.
+// Pictures through png2y4m and y4m2rgb and back.
 #include <cstdlib>
 #include <iterator>
 #include <string>
@@ -47,7 +47,7 @@ class RoundTrip : public ProgramTest, public testing::WithParamInterface<Route> 
     ASSERT_TRUE(
         succeeded(png2y4m({"--via", route.via, "--chroma", route.chroma, "in.png", "clip.y4m"})));
     ASSERT_TRUE(
-        succeeded(y4m2png({"--to", route.via, "--matrix", route.matrix, "clip.y4m", "out.png"})));
+        succeeded(y4m2rgb({"--to", route.via, "--matrix", route.matrix, "clip.y4m", "out.png"})));
     const Picture picture = readPicture(path("out.png"));
     ASSERT_EQ(picture.width, width);
     ASSERT_EQ(picture.height, height);

@@ -104,7 +104,7 @@ class SubsampledTest : public ProgramTest {
       arguments.insert(arguments.begin(), "--dither");
     }
     store("in.y4m", clipOf(format, size));
-    ASSERT_TRUE(succeeded(y4m2png(arguments)));
+    ASSERT_TRUE(succeeded(y4m2rgb(arguments)));
     const Picture picture = readPicture(path("out.png"));
     ASSERT_EQ(picture.width, size.width);
     ASSERT_EQ(picture.height, size.height);
@@ -183,7 +183,7 @@ TEST_F(Clip411, GoesNowhereElse) {
                                                           {"--to", "bgr555", "--dither"}};
   for (auto command : commands) {
     command.insert(command.end(), {"in.y4m", "out.png"});
-    EXPECT_TRUE(failedWith(y4m2png(command), 2, "y4m2png",
+    EXPECT_TRUE(failedWith(y4m2rgb(command), 2, "y4m2rgb",
                            "the clip is C411, which goes to bgr565 and bgr555 without --dither"));
   }
   EXPECT_EQ(files(), Names{"in.y4m"});
@@ -191,7 +191,7 @@ TEST_F(Clip411, GoesNowhereElse) {
 
 TEST_F(Clip411, WidthThatCannotBePadded) {
   store("in.y4m", "YUV4MPEG2 W2147483647 H1 C411\nFRAME\n");
-  EXPECT_TRUE(failedWith(y4m2png({"--to", "bgr565", "in.y4m", "out.png"}), 1, "y4m2png",
+  EXPECT_TRUE(failedWith(y4m2rgb({"--to", "bgr565", "in.y4m", "out.png"}), 1, "y4m2rgb",
                          "do not fit into the memory"));
 }
 
@@ -201,7 +201,7 @@ TEST_F(Matrices, YuvIsFor420Only) {
   for (const ClipFormat& format : {kFormats[0], kFormats[1], k411}) {
     store("in.y4m", clipOf(format, {8, 2}));
     EXPECT_TRUE(failedWith(
-        y4m2png({"--to", "bgr565", "--matrix", "yuv", "in.y4m", "out.png"}), 2, "y4m2png",
+        y4m2rgb({"--to", "bgr565", "--matrix", "yuv", "in.y4m", "out.png"}), 2, "y4m2rgb",
         "the clip is " + std::string(format.name) + ", and --matrix yuv is for 4:2:0 clips only"));
   }
   EXPECT_EQ(files(), Names{"in.y4m"});
@@ -211,8 +211,8 @@ TEST_F(Matrices, YuvIsFor420Only) {
 // 32.
 TEST_F(Matrices, YcbcrIsTheDefault) {
   store("in.y4m", "YUV4MPEG2 W1 H1\nFRAME\n\x83\x80\x80");
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "in.y4m", "default.png"})));
-  EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "--matrix=yuv", "in.y4m", "yuv.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "in.y4m", "default.png"})));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "--matrix=yuv", "in.y4m", "yuv.png"})));
   EXPECT_EQ(readPicture(path("default.png")).at(0, 0), 0x848684u);
   EXPECT_EQ(readPicture(path("yuv.png")).at(0, 0), 0x848284u);
 }
@@ -224,31 +224,31 @@ TEST_F(Matrices, AnotherStatedRangeDrawsOneWarning) {
     store("full.y4m", start + "FULL XCOMMENT=a\n" + frame + frame);
     store("limited.y4m", start + "LIMITED\n" + frame);
     store("other.y4m", start + "FULLER XCOMMENT=XCOLORRANGE=FULL\n" + frame);
-    EXPECT_TRUE(warned(y4m2png({"--to", "bgr565", "full.y4m", "%d.png"}), "y4m2png",
+    EXPECT_TRUE(warned(y4m2rgb({"--to", "bgr565", "full.y4m", "%d.png"}), "y4m2rgb",
                        "the clip is in full range, and is taken as studio range"));
-    EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "limited.y4m", "3.png"})));
-    EXPECT_TRUE(succeeded(y4m2png({"--to", "bgr565", "other.y4m", "4.png"})));
+    EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "limited.y4m", "3.png"})));
+    EXPECT_TRUE(succeeded(y4m2rgb({"--to", "bgr565", "other.y4m", "4.png"})));
     for (const char* name : {"1.png", "2.png", "3.png", "4.png"}) {
       EXPECT_EQ(readPicture(path(name)).at(0, 0), 0x848684u) << chroma;
     }
   }
-  EXPECT_TRUE(warned(y4m2png({"--to", "bgr565", "--matrix", "ycbcr", "full.y4m", "%d.png"}),
-                     "y4m2png", "full range"));
+  EXPECT_TRUE(warned(y4m2rgb({"--to", "bgr565", "--matrix", "ycbcr", "full.y4m", "%d.png"}),
+                     "y4m2rgb", "full range"));
 }
 
 TEST_F(Matrices, StudioRangeWithYuvDrawsOneWarning) {
   const std::string start = "YUV4MPEG2 W1 H1 XCOLORRANGE=";
   store("limited.y4m", start + "LIMITED\nFRAME\n\x83\x80\x80");
   store("full.y4m", start + "FULL\nFRAME\n\x83\x80\x80");
-  EXPECT_TRUE(warned(y4m2png({"--matrix", "yuv", "--to", "bgr565", "limited.y4m", "1.png"}),
-                     "y4m2png", "the clip is in studio range, and is taken as full range"));
-  EXPECT_TRUE(succeeded(y4m2png({"--matrix", "yuv", "--to", "bgr565", "full.y4m", "2.png"})));
+  EXPECT_TRUE(warned(y4m2rgb({"--matrix", "yuv", "--to", "bgr565", "limited.y4m", "1.png"}),
+                     "y4m2rgb", "the clip is in studio range, and is taken as full range"));
+  EXPECT_TRUE(succeeded(y4m2rgb({"--matrix", "yuv", "--to", "bgr565", "full.y4m", "2.png"})));
   EXPECT_EQ(load("1.png"), load("2.png"));
 }
 
 TEST_F(Matrices, RefusedClipsDrawNoWarning) {
   store("in.y4m", "YUV4MPEG2 W4 H1 C411 XCOLORRANGE=FULL\nFRAME\n" + std::string(6, '\x80'));
-  EXPECT_TRUE(failedWith(y4m2png({"--to", "rgb444", "in.y4m", "out.png"}), 2, "y4m2png", "C411"));
+  EXPECT_TRUE(failedWith(y4m2rgb({"--to", "rgb444", "in.y4m", "out.png"}), 2, "y4m2rgb", "C411"));
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ class Targets : public ProgramTest, public testing::WithParamInterface<std::tupl
     std::vector<std::string> arguments = {"--to", target.name, "in.y4m", "out.png"};
     arguments.insert(arguments.begin(), options.begin(), options.end());
     store("in.y4m", clip(size.width, size.height, samples));
-    EXPECT_TRUE(succeeded(y4m2png(arguments)));
+    EXPECT_TRUE(succeeded(y4m2rgb(arguments)));
     const Picture picture = readPicture(path("out.png"));
     EXPECT_EQ(picture.width, size.width);
     EXPECT_EQ(picture.height, size.height);
@@ -90,7 +90,7 @@ class FlatColours : public ProgramTest {};
 TEST_F(FlatColours, DitheredGreyHasItsMeanInEveryBlock) {
   store("in.y4m", flatClip(4, 4, {131, 128, 128}));
   for (const Target& target : kTargets) {
-    EXPECT_TRUE(succeeded(y4m2png({"--dither", "--to", target.name, "in.y4m", "out.png"})));
+    EXPECT_TRUE(succeeded(y4m2rgb({"--dither", "--to", target.name, "in.y4m", "out.png"})));
     const Picture picture = readPicture(path("out.png"));
     ASSERT_EQ(picture.bytes.size(), 4u * 4u * 3u);
     for (size_t component = 0; component < 3; ++component) {

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Shows a clip as a 16-bit display does: one PNG picture for each frame.
-#include <getopt.h>
+// Converts a clip to 16-bit pixels: raw frames for a display, or PNG pictures of what it shows.
 #include <unistd.h>
 
 #include <chrono>
 #include <climits>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 
+#include "command_line.h"
 #include "conversions.h"
 #include "failure.h"
 #include "picture_buffers.h"
 #include "picture_names.h"
 #include "png_file.h"
+#include "raw_frames.h"
 #include "y4m.h"
 
 namespace {
@@ -22,26 +24,32 @@ using examples::Failure;
 using examples::Matrix;
 using examples::PictureBuffers;
 using examples::PictureNames;
+using examples::RawFrames;
 using examples::SampleRange;
 using examples::TargetFormat;
 using examples::UsageFailure;
 using examples::Y4mReader;
 
 constexpr const char* kHelp =
-    "Usage: y4m2png --to FORMAT [--dither] [--matrix MATRIX] [--frames N]\n"
+    "Usage: y4m2rgb --to FORMAT [--dither] [--matrix MATRIX] [--frames N]\n"
     "               INPUT OUTPUT.png\n"
+    "       y4m2rgb --raw [--swap] --to FORMAT [...] INPUT OUTPUT\n"
     "\n"
-    "Converts a YUV4MPEG2 clip to 16-bit pixels and writes what a display shows of\n"
-    "them as 8-bit RGB pictures in the PNG format.\n"
+    "Converts a YUV4MPEG2 clip to 16-bit pixels. Writes what a display shows of them\n"
+    "as 8-bit RGB pictures in the PNG format, or, with --raw, the pixels themselves.\n"
     "\n"
     "  --to FORMAT      bgr565, rgb565, bgr555, rgb555, bgr444 or rgb444; the colour\n"
     "                   that is spelt first sits in the low bits\n"
     "  --dither         round by an ordered pattern instead of dropping the low bits\n"
+    "  --raw            write frames of 16-bit pixels, low byte first, rows and frames\n"
+    "                   without a gap\n"
+    "  --swap           the same with the high byte first, for panels on SPI\n"
     "  --matrix MATRIX  ycbcr (the default): samples are ITU-R BT.601 in studio range;\n"
     "                   yuv: full range with the analogue colour differences, for\n"
     "                   4:2:0 clips only\n"
     "  --frames N       stop after N frames\n"
     "  --help           print this text\n"
+    "  --version        print the version\n"
     "\n"
     "INPUT is a file, or - for standard input. Its chroma format is C444, C422,\n"
     "C420jpeg, C420mpeg2, C420paldv, C420 or C411; a header that names none means\n"
@@ -63,15 +71,20 @@ constexpr const char* kHelp =
     "clip that goes on after its first frame is an error, and no picture is written,\n"
     "unless --frames 1 is given.\n"
     "\n"
+    "Raw frames go to a file, a device or, where OUTPUT is -, to standard output, one\n"
+    "after the other. bgr565 is what ffmpeg calls rgb565le, with --swap rgb565be.\n"
+    "\n"
     "An error is one line on standard error and an exit status of 1, or of 2 for a\n"
-    "command line that cannot be carried out. Pictures are written whole or not at\n"
-    "all. Pictures of the frames before an error stay.\n";
+    "command line that cannot be carried out. Files are written whole or not at all.\n"
+    "Pictures of the frames before an error stay.\n";
 
 struct Options {
   const TargetFormat* target = nullptr;
+  bool hasTarget = false;
   Matrix matrix = Matrix::kYcbcr;
   bool dither = false;
-  bool help = false;
+  bool raw = false;
+  bool swap = false;
   long long frames = LLONG_MAX;
   std::string input;
   std::string output;
@@ -100,7 +113,7 @@ class Progress {
 
  private:
   void show() const {
-    std::fprintf(stderr, "\ry4m2png: %lld frames done", frames_);
+    std::fprintf(stderr, "\ry4m2rgb: %lld frames done", frames_);
     std::fflush(stderr);
   }
 
@@ -111,12 +124,54 @@ class Progress {
   Clock::time_point last_ = Clock::now();
 };
 
-long long frameLimit(const char* text) {
-  const long long frames = examples::positiveNumber(text, LLONG_MAX);
-  if (frames == 0) {
-    throw UsageFailure("--frames " + examples::quoted(text) + " is not a number from 1 up");
+/// Where frames go.
+class Output {
+ public:
+  virtual ~Output() = default;
+  virtual bool takesSeveral() const = 0;
+  virtual void write(const PictureBuffers& buffers, long long number) = 0;
+  virtual void finish() {}
+};
+
+class PngPictures : public Output {
+ public:
+  explicit PngPictures(const Options& options)
+      : input_(options.input), names_(options.output), target_(*options.target) {}
+
+  bool takesSeveral() const override { return names_.numbered(); }
+  void write(const PictureBuffers& buffers, long long number) override {
+    const examples::Size size = buffers.shown();
+    const std::string path = names_.name(number);
+    examples::requireOtherFile(input_, path);
+    examples::writePng(path, size.width, size.height, [&](int y, unsigned char* rgb) {
+      examples::expandRow(buffers.row(y), size.width, target_.layout, rgb);
+    });
   }
-  return frames;
+
+ private:
+  const std::string input_;
+  const PictureNames names_;
+  const TargetFormat& target_;
+};
+
+class RawOutput : public Output {
+ public:
+  explicit RawOutput(const Options& options) : frames_(options.output, options.swap) {}
+
+  bool takesSeveral() const override { return true; }
+  void write(const PictureBuffers& buffers, long long) override { frames_.write(buffers); }
+  void finish() override { frames_.commit(); }
+
+ private:
+  RawFrames frames_;
+};
+
+std::unique_ptr<Output> makeOutput(const Options& options) {
+  if (options.raw) {
+    examples::requireOtherFile(options.input, options.output);
+    return std::make_unique<RawOutput>(options);
+  }
+  return std::make_unique<PngPictures>(options);
 }
 
 Matrix findMatrix(std::string_view name) {
@@ -126,68 +181,19 @@ Matrix findMatrix(std::string_view name) {
   return name == "yuv" ? Matrix::kYuv : Matrix::kYcbcr;
 }
 
-void readPositional(int argc, char** argv, Options& options) {
-  if (options.target == nullptr) {
-    throw UsageFailure("--to FORMAT is missing");
-  }
-  if (argc - optind != 2) {
-    throw UsageFailure(argc - optind < 2 ? "INPUT or OUTPUT is missing"
-                                         : examples::quoted(argv[optind + 2]) + " is too much");
-  }
-  options.input = argv[optind];
-  options.output = argv[optind + 1];
-}
-
-Options readCommandLine(int argc, char** argv) {
-  static const option kOptions[] = {
-      {"to", required_argument, nullptr, 't'},     {"dither", no_argument, nullptr, 'd'},
-      {"matrix", required_argument, nullptr, 'm'}, {"frames", required_argument, nullptr, 'f'},
-      {"help", no_argument, nullptr, 'h'},         {nullptr, 0, nullptr, 0}};
-  Options options;
-  opterr = 0;
-  for (int c; (c = getopt_long(argc, argv, ":h", kOptions, nullptr)) != -1;) {
-    if (c == 't') {
-      options.target = &examples::findTarget(optarg);
-    } else if (c == 'd') {
-      options.dither = true;
-    } else if (c == 'm') {
-      options.matrix = findMatrix(optarg);
-    } else if (c == 'f') {
-      options.frames = frameLimit(optarg);
-    } else if (c == 'h') {
-      options.help = true;
-      return options;
-    } else if (c == ':') {
-      throw UsageFailure(examples::quoted(argv[optind - 1]) + " needs a value");
-    } else {
-      throw UsageFailure("option " + examples::quoted(argv[optind - 1]) + " is not known");
-    }
-  }
-  readPositional(argc, argv, options);
-  return options;
-}
-
-void writePicture(const PictureBuffers& buffers, const TargetFormat& target,
-                  const std::string& path) {
-  const examples::Size size = buffers.shown();
-  examples::writePng(path, size.width, size.height, [&](int y, unsigned char* rgb) {
-    examples::expandRow(buffers.row(y), size.width, target.layout, rgb);
-  });
-}
-
 // One line on stderr if the header states a range that is not the matrix's.
 void checkRange(SampleRange stated, Matrix matrix) {
   if (stated == SampleRange::kFull && matrix == Matrix::kYcbcr) {
-    std::fputs("y4m2png: warning: the clip is in full range, and is taken as studio range\n",
+    std::fputs("y4m2rgb: warning: the clip is in full range, and is taken as studio range\n",
                stderr);
   } else if (stated == SampleRange::kLimited && matrix == Matrix::kYuv) {
-    std::fputs("y4m2png: warning: the clip is in studio range, and is taken as full range\n",
+    std::fputs("y4m2rgb: warning: the clip is in studio range, and is taken as full range\n",
                stderr);
   }
 }
 
 void convertClip(const Options& options) {
-  const PictureNames names(options.output);
+  const std::unique_ptr<Output> output = makeOutput(options);
   Y4mReader reader(options.input);
   const examples::ChromaFormat& chroma = *reader.header().chroma;
   const examples::SourceFormat& source = examples::findSource(chroma, options.matrix);
@@ -200,21 +206,42 @@ void convertClip(const Options& options) {
   Progress progress;
   for (long long number = 1; number <= options.frames && reader.hasFrame(); ++number) {
     reader.readFrame(buffers);
-    if (!names.numbered() && options.frames > 1 && reader.hasFrame()) {
+    if (!output->takesSeveral() && options.frames > 1 && reader.hasFrame()) {
       throw UsageFailure("the clip has more than one frame and OUTPUT " +
                          examples::quoted(options.output) + " has no %d for their numbers");
     }
     examples::convertPicture(buffers, conversion);
-    writePicture(buffers, *options.target, names.name(number));
+    output->write(buffers, number);
     progress.frameDone(number);
   }
+  output->finish();
 }
 
 void run(int argc, char** argv) {
-  const Options options = readCommandLine(argc, argv);
-  if (options.help) {
-    examples::printToStandardOutput(kHelp);
+  Options options;
+  const examples::CommandLine line = {
+      "y4m2rgb",
+      kHelp,
+      {{"to", "FORMAT",
+        [&](const char* value) {
+          options.target = &examples::findTarget(value);
+          options.hasTarget = true;
+        },
+        &options.hasTarget},
+       {"dither", nullptr, [&](const char*) { options.dither = true; }},
+       {"raw", nullptr, [&](const char*) { options.raw = true; }},
+       {"swap", nullptr, [&](const char*) { options.swap = true; }},
+       {"matrix", "MATRIX", [&](const char* value) { options.matrix = findMatrix(value); }},
+       {"frames", "N",
+        [&](const char* value) {
+          options.frames = examples::numberOf("frames", value, LLONG_MAX);
+        }}},
+      {{"INPUT", &options.input}, {"OUTPUT", &options.output}}};
+  if (!examples::readCommandLine(line, argc, argv)) {
     return;
+  }
+  if (options.swap && !options.raw) {
+    throw UsageFailure("--swap is for --raw");
   }
   convertClip(options);
 }
@@ -222,5 +249,5 @@ void run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return examples::runProgram("y4m2png", run, argc, argv);
+  return examples::runProgram("y4m2rgb", run, argc, argv);
 }
