@@ -141,6 +141,9 @@ std::string variantsText(const std::set<int>& variants) {
   return text;
 }
 
+const std::string exactly =
+    "| all | always | touches its region, no byte more and no byte less |\n";
+
 // The rows of a conversion: what it does, in which variants, where.
 std::string rowsOf(const Conversion& c) {
   std::map<std::pair<std::string, std::string>, std::set<int>> variants;
@@ -158,8 +161,36 @@ std::string rowsOf(const Conversion& c) {
   std::string rows;
   for (const auto& [key, text] : merged)
     rows += "| " + key.first + " | " + key.second + " | " + text + " |\n";
-  return rows.empty() ? "| all | always | touches its region, no byte more and no byte less |\n"
-                      : rows;
+  return rows.empty() ? exactly : rows;
+}
+
+// One or two functions by name, more by what they have in common: sources, dither, layouts.
+std::string heading(const std::vector<std::string>& names) {
+  std::set<std::string> sources, layouts;
+  std::string text;
+  std::size_t dithered = 0;
+  for (const std::string& name : names) {
+    sources.insert("from " + name.substr(0, name.find("To")));
+    layouts.insert(name.substr(name.rfind('_') + 1));
+    text += (text.empty() ? "" : ", ") + name.substr(0, name.find('_'));
+    dithered += name.find("Dither") != name.npos;
+  }
+  if (names.size() > 2) {
+    text.clear();
+    for (const std::string& source : sources) text += (text.empty() ? "" : ", ") + source;
+    text += dithered == 0              ? ", without dither"
+            : dithered == names.size() ? ", dithered"
+                                       : ", with dither and without";
+    text[0] = 'F';
+  }
+  return layouts.size() > 1 ? text : text + ", " + *layouts.begin();
+}
+
+void printGroup(const std::string& title, const std::string& rows,
+                const std::vector<std::string>& names) {
+  std::printf("\n## %s\n\n| Variants | Where | What it does |\n|---|---|---|\n%s\n", title.c_str(),
+              rows.c_str());
+  for (const std::string& name : names) std::printf("- legacy90pxmi%s()\n", name.c_str());
 }
 
 void print() {
@@ -170,11 +201,9 @@ void print() {
     if (names[rows].empty()) order.push_back(rows);
     names[rows].push_back(std::string(c.name));
   }
-  for (const std::string& rows : order) {
-    std::printf("\n");
-    for (const std::string& name : names[rows]) std::printf("- `%s`\n", name.c_str());
-    std::printf("\n| Variants | Where | What it does |\n|---|---|---|\n%s", rows.c_str());
-  }
+  for (const std::string& rows : order)
+    if (rows != exactly) printGroup(heading(names[rows]), rows, names[rows]);
+  printGroup("All others", exactly, names[exactly]);
 }
 
 }  // namespace
