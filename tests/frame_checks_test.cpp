@@ -168,6 +168,7 @@ struct Example {
   std::vector<std::string_view> names;
   oracle::CallFacts facts;
   int status;
+  bool convertsNothing = false;  // rows that lie so are in no memory: only the checks are called
 };
 
 std::vector<std::string_view> allNames() {
@@ -210,7 +211,8 @@ std::vector<Example> examples() {
       {"only the twist looks at pitches",
        namesWith("ColorTwist", false),
        {.nulls = {}, .srcStep = -3, .dstStep = 0, .srcDstStep = 0},
-       0},
+       0,
+       true},
 
       {"sizes come before planes in decoders",
        {"YCbCr420ToBGR565_8u16u_P3C3R", "YUV420ToRGB555Dither_8u16u_P3C3R"},
@@ -299,6 +301,7 @@ TEST(Checks, LiteralStatuses) {
     for (const std::string_view name : e.names)
       EXPECT_EQ(byOracle(name, e.facts), e.status) << e.claim << ": oracle " << name;
     expectHolds(e, checkedConversions());
+    if (e.convertsNothing) continue;
     for (const int variant : runnableVariants()) {
       const SelectedVariant selected(variant);
       expectHolds(e, exportedConversions());
