@@ -1,5 +1,8 @@
 # SPDX-License-Identifier: MIT
-# How libpxmcc90lgc.so is linked.
+# How libpxmcc90lgc.so is linked. Its soname and the version of its names are those of the interface.
+set_target_properties(pxmcc90lgc PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR})
 
 set_property(TARGET pxmcc90lgc APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/frame/exports.map)
 target_link_options(pxmcc90lgc PRIVATE

@@ -1,24 +1,11 @@
 # SPDX-License-Identifier: MIT
 # How pxmcc90lgc.dll is linked: exports by name and ordinal, import libraries, version resource.
 
-# The place of a row in the list is its ordinal.
-file(STRINGS frame/conversions.def rows REGEX "^[A-Z_]+\\([A-Za-z0-9]")
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS frame/conversions.def)
-set(names "")
-foreach(row ${rows})
-  if(NOT row MATCHES "^([A-Z_]+)\\(([A-Za-z0-9_]+)")
-    message(FATAL_ERROR "frame/conversions.def: cannot read ${row}")
-  endif()
-  set(prefix legacy90pxmi)
-  set(name ${CMAKE_MATCH_2})
-  if(CMAKE_MATCH_1 MATCHES "SERVICE$")
-    set(prefix legacy90pxmcc)
-  endif()
-  list(APPEND names ${prefix}${name})
-endforeach()
+# The place of a name in the list is its ordinal.
+include(cmake/exports.cmake)
 set(ordinal 0)
 set(exports "")
-foreach(name ${names})
+foreach(name ${pxm_export_names})
   math(EXPR ordinal "${ordinal} + 1")
   string(APPEND exports "\n  ${name} @${ordinal}")
 endforeach()

@@ -36,6 +36,10 @@
  *   of all YUV 4:2:0 without dither where width & 7 is 4 or 5 (so also 852), and 4:2:0 with dither
  *   where width and height are odd. Rows that are packed tightly then get wrong pixels at their
  *   left edge, and bytes past the end change. docs/room.md has every function.
+ * - Arrays of planes that are read hold pointers to const samples, so that a program can pass
+ * planes that it may not change itself; one with pointers to unsigned char copies the three into
+ * such an array. Arrays of planes and of pitches are only read; that a pitch array is not const is
+ * how the interface has always been, and programs declare pointers to these functions by it.
  * - Any number of threads may convert at once into separate destinations. No call allocates,
  *   locks or keeps a pointer.
  * - The processor is detected once, at load, and decides which of seven variants of a function
