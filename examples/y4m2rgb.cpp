@@ -31,9 +31,8 @@ using examples::UsageFailure;
 using examples::Y4mReader;
 
 constexpr const char* kHelp =
-    "Usage: y4m2rgb --to FORMAT [--dither] [--matrix MATRIX] [--frames N]\n"
-    "               INPUT OUTPUT.png\n"
-    "       y4m2rgb --raw [--swap] --to FORMAT [...] INPUT OUTPUT\n"
+    "Usage: y4m2rgb --to FORMAT [OPTION]... INPUT OUTPUT.png\n"
+    "   or: y4m2rgb --raw --to FORMAT [OPTION]... INPUT OUTPUT\n"
     "\n"
     "Converts a YUV4MPEG2 clip to 16-bit pixels. Writes what a display shows of them\n"
     "as 8-bit RGB pictures in the PNG format, or, with --raw, the pixels themselves.\n"
@@ -56,9 +55,8 @@ constexpr const char* kHelp =
     "C420jpeg. C411 goes to bgr565 and bgr555 only, without --dither. Each chroma\n"
     "sample serves all pixels that it stands for, wherever the format sites it. A\n"
     "header that states another range than that of the matrix draws a warning. HD\n"
-    "video is BT.709; make it BT.601 by\n"
-    "  ffmpeg -i FILE -vf scale=out_color_matrix=bt601:out_range=tv,format=yuv420p \\\n"
-    "    -f yuv4mpegpipe -\n"
+    "video is BT.709; ffmpeg -vf scale=out_color_matrix=bt601:out_range=tv makes it\n"
+    "BT.601.\n"
     "\n"
     "Some conversions take no picture of every size as a clip has it: C411 wants a\n"
     "width that is a multiple of 4, C422 a width of 2, the yuv matrix 2 by 2 pixels.\n"
