@@ -16,5 +16,7 @@ add_custom_command(OUTPUT ${object}
   COMMAND ${CMAKE_OBJCOPY} --keep-global-symbols=${names} ${object}
   DEPENDS ${pxm_objects} ${names} COMMAND_EXPAND_LISTS VERBATIM)
 add_library(pxmcc90lgc STATIC ${object})
+# Make has no rule for objects of other targets; they have to be there.
+add_dependencies(pxmcc90lgc ${pxm_object_libraries})
 set_target_properties(pxmcc90lgc PROPERTIES LINKER_LANGUAGE C)
 set_source_files_properties(${object} PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
