@@ -12,7 +12,9 @@ if(WIN32)
   install(FILES ${pxm_definition_file} ${pxm_import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR}
     COMPONENT development)
 endif()
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
+if(NOT PXMCC90LGC_DEBIAN)  # its packages have the licence in a form of their own
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
+endif()
 install(FILES include/pxmcc90lgc.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 install(EXPORT pxmcc90lgc
   NAMESPACE pxmcc90lgc::
@@ -37,7 +39,9 @@ if(PXMCC90LGC_SITE)
     COMPONENT documentation)
 endif()
 
-if(WIN32)
+if(PXMCC90LGC_DEBIAN)
+  include(cmake/debian.cmake)
+elseif(WIN32 AND pxm_is_top_level)
   set(CPACK_GENERATOR ZIP)
   set(CPACK_PACKAGE_FILE_NAME pxmcc90lgc-${PROJECT_VERSION}-windows-x86_64)
   set(CPACK_ARCHIVE_COMPONENT_INSTALL OFF)

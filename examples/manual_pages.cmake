@@ -14,6 +14,12 @@ function(pxm_manual_page program purpose)
       "--source=pxmcc90lgc ${PROJECT_VERSION}" --manual=pxmcc90lgc --output=${page}
       $<TARGET_FILE:${program}>
     DEPENDS ${program} VERBATIM)
+  if(PXMCC90LGC_DEBIAN)
+    add_custom_command(OUTPUT ${page}.gz
+      COMMAND ${PXM_GZIP} -9nkf ${page}
+      DEPENDS ${page} VERBATIM)
+    set(page ${page}.gz)
+  endif()
   set(pages ${pages} ${page} PARENT_SCOPE)
 endfunction()
 
