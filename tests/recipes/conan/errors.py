@@ -1,0 +1,6 @@
+# SPDX-License-Identifier: MIT
+"""Conan's errors."""
+
+
+class ConanInvalidConfiguration(Exception):
+    pass
