@@ -17,6 +17,7 @@ from reading.source_lists import SourceLists
 CLAIMS: dict[str, Callable[[Subject], None]] = {
     "exports-are-exactly-the-list": exports.are_exactly_the_list,
     "exports-are-exactly-the-header": exports.are_exactly_the_header,
+    "exports-have-the-version-of-the-interface": exports.have_the_version_of_the_interface,
     "exports-have-the-ordinals-of-the-list": exports.have_the_ordinals_of_the_list,
 
     "no-text-relocation": loading.no_text_relocation,

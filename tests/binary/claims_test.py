@@ -34,13 +34,21 @@ def pe(claim: str, printed: dict[str, str], *breaks: tuple[str, str, str, str],
 
 
 EXPORTS = "nm -D --defined-only"
-EXPORTED = "0000000000001110 T legacy90pxmiTurn\n0000000000001000 T legacy90pxmccFree\n"
+EXPORTED = """0000000000001110 T legacy90pxmiTurn@@PXMCC90LGC_9
+0000000000001000 T legacy90pxmccFree@@PXMCC90LGC_9
+0000000000000000 A PXMCC90LGC_9
+"""
 EXPORT_BREAKS = [(EXPORTS, "T legacy90pxmccFree", "T extra", r"differ:\n- .*Free\n\+ extra"),
                  (EXPORTS, EXPORTED, "", "- legacy90pxmiTurn")]
 
 CASES = [
     elf("exports-are-exactly-the-list", {EXPORTS: EXPORTED}, *EXPORT_BREAKS),
     elf("exports-are-exactly-the-header", {EXPORTS: EXPORTED}, *EXPORT_BREAKS),
+    elf("exports-have-the-version-of-the-interface",
+        {EXPORTS: EXPORTED, "readelf -dW": made_up.DYNAMIC},
+        (EXPORTS, "Free@@PXMCC90LGC_9", "Free", "versions of names differ"),
+        (EXPORTS, "Free@@PXMCC90LGC_9", "Free@@PXMCC90LGC_10", "_10"),
+        ("readelf -dW", "so.9", "so", "sonames differ")),
     pe("exports-have-the-ordinals-of-the-list", {"objdump -p": made_up.HEADERS},
        ("objdump -p", "Base \t\t\t1", "Base \t\t\t2", r"\+ 2 legacy90pxmccFree"),
        ("objdump -p", "\t[   1]", "\t[   3]", r"- 2 legacy90pxmiTurn\n\+ 4 legacy90pxmiTurn")),

@@ -87,6 +87,7 @@ SYMBOLS = """
 0000000000009008 d _ZN3pxm12_GLOBAL__N_115enabledFeaturesE
 """
 DYNAMIC = """
+ 0x000000000000000e (SONAME)             Library soname: [libpxmcc90lgc.so.9]
  0x000000000000001b (INIT_ARRAYSZ)       8 (bytes)
  0x000000000000001e (FLAGS)              BIND_NOW
 """

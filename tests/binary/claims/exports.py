@@ -15,6 +15,14 @@ def are_exactly_the_header(subject: Subject) -> None:
     same("exported names", exported_names(subject), subject.lists.header_names())
 
 
+def have_the_version_of_the_interface(subject: Subject) -> None:
+    """The names, and the soname by which a program finds the library."""
+    versions = {symbol.name.partition("@")[2] for symbol in subject.library.versioned_exports}
+    same("versions of names", sorted(versions), ["@PXMCC90LGC_9"])
+    sonames = [line.split()[-1] for line in subject.library.dynamic_section() if "(SONAME)" in line]
+    same("sonames", sonames, ["[libpxmcc90lgc.so.9]"])
+
+
 def have_the_ordinals_of_the_list(subject: Subject) -> None:
     want = [f"{ordinal} {name}" for ordinal, name in enumerate(subject.lists.exports(), 1)]
     same("exports and ordinals", parse_ordinals(subject.library.pe_headers()), want)

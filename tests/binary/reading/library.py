@@ -57,8 +57,15 @@ class Library:
             return file.read(2) == b"MZ"
 
     @cached_property
+    def versioned_exports(self) -> list[Symbol]:
+        """Names with the version of the interface after them; a version is no export itself."""
+        return [symbol for symbol in symbols("-D", "--defined-only", self.path)
+                if symbol.kind != "A"]
+
+    @cached_property
     def exports(self) -> list[Symbol]:
-        return symbols("-D", "--defined-only", self.path)
+        return [symbol._replace(name=symbol.name.partition("@")[0])
+                for symbol in self.versioned_exports]
 
     @cached_property
     def symbols(self) -> list[Symbol]:
