@@ -32,7 +32,8 @@ install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc-config-version.cmake
 install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
-install(FILES README.md CHANGELOG.md SECURITY.md docs/video.md docs/room.md docs/performance.md
+install(FILES README.md CHANGELOG.md SECURITY.md docs/accuracy.md docs/choose.md docs/dither.md
+  docs/matrices.md docs/performance.md docs/pixels.md docs/room.md docs/variants.md docs/video.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
 if(PXMCC90LGC_SITE)
   install(DIRECTORY ${PXMCC90LGC_SITE}/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/html
