@@ -127,7 +127,7 @@ START = """
 WRITABLE = """
 0000000000009008 l     O .data\t0000000000000008 pxm::(anonymous namespace)::enabledFeatures
 0000000000008108 l     O .data.rel.ro\t0000000000000010 Turn_table
-0000000000009020 l     O .bss\t0000000000000010 pxm::featureMaskCache
+0000000000009020 l     O .bss\t0000000000000010              pxm::featureMaskCache
 0000000000009000 g     O .data\t0000000000000004 .hidden VariantIndex
 """
 HEADERS = """

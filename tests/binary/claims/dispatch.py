@@ -128,5 +128,6 @@ def state_is_the_index_and_two_masks(subject: Subject) -> None:
 
 
 def parse_writable(table: str) -> list[str]:
-    """The symbols in sections that stay writable, in the table of objdump."""
-    return re.findall(r" \.(?:data|bss)\t[0-9a-f]+ (?:\.hidden )?(.*)$", table, re.MULTILINE)
+    """The symbols in sections that stay writable, in the table of objdump. Before a name that is
+    local, a library whose exports have a version has blanks in the place of one."""
+    return re.findall(r" \.(?:data|bss)\t[0-9a-f]+ +(?:\.hidden )?(.*)$", table, re.MULTILINE)
