@@ -32,9 +32,11 @@ install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc-config-version.cmake
 install(FILES ${PROJECT_BINARY_DIR}/pxmcc90lgc.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 
-install(FILES README.md CHANGELOG.md SECURITY.md docs/accuracy.md docs/choose.md docs/dither.md
-  docs/matrices.md docs/performance.md docs/pixels.md docs/room.md docs/variants.md docs/video.md
+# As in the source, so that links between pages lead somewhere.
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT documentation
+  FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "*.svg")
 if(PXMCC90LGC_SITE)
   install(DIRECTORY ${PXMCC90LGC_SITE}/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/html
     COMPONENT documentation)

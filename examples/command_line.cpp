@@ -3,6 +3,8 @@
 
 #include <getopt.h>
 
+#include <climits>
+
 #include "failure.h"
 
 namespace examples {
@@ -83,8 +85,9 @@ bool readCommandLine(const CommandLine& line, int argc, char** argv) {
 long long numberOf(const char* option, const char* value, long long limit) {
   const long long number = positiveNumber(value, limit);
   if (number == 0) {
-    throw UsageFailure(std::string("--") + option + " " + quoted(value) + " is not 1 to " +
-                       std::to_string(limit));
+    throw UsageFailure(std::string("--") + option + " " + quoted(value) +
+                       (limit == LLONG_MAX ? std::string(" is not a number from 1 up")
+                                           : " is not 1 to " + std::to_string(limit)));
   }
   return number;
 }

@@ -21,6 +21,7 @@ namespace {
 #endif
 
 constexpr int kTemporaryNames = 1000;
+constexpr int kMostLinks = 40;  // as systems follow
 
 // Null, with errno set, if the file is there already.
 std::FILE* openNewFile(const std::string& path) {
@@ -40,9 +41,23 @@ bool isDirectory(const std::string& path) {
   return std::filesystem::is_directory(path, error);
 }
 
+// Where a chain of links leads, whether a file is there or not.
+std::string followed(const std::string& path) {
+  std::filesystem::path at = path;
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(at, error); ++i) {
+    const auto next = std::filesystem::read_symlink(at, error);
+    if (error) {
+      break;
+    }
+    at = next.is_absolute() ? next : at.parent_path() / next;
+  }
+  return at.string();
+}
+
 }  // namespace
 
-OutputFile::OutputFile(const std::string& path) : path_(path) {
+OutputFile::OutputFile(const std::string& path) : path_(path), target_(followed(path)) {
   if (path == "-") {
     path_ = "standard output";
     file_ = stdout;
@@ -75,7 +90,7 @@ OutputFile::~OutputFile() {
 // The temporary name does not contain the target's, which may be as long as a name can be.
 void OutputFile::openTemporary() {
   const std::string plain = ".unfinished-" + std::to_string(getpid()) + "-";
-  const std::string stem = (std::filesystem::path(path_).parent_path() / plain).string();
+  const std::string stem = (std::filesystem::path(target_).parent_path() / plain).string();
   for (int i = 0; i < kTemporaryNames && file_ == nullptr; ++i) {
     const std::string name = stem + std::to_string(i);
     const HeldSignals held;
@@ -110,7 +125,11 @@ void OutputFile::commit() {
   }
   const HeldSignals held;
   std::error_code error;
-  std::filesystem::rename(temporary_, path_, error);
+  const auto older = std::filesystem::status(target_, error);
+  if (std::filesystem::exists(older)) {
+    std::filesystem::permissions(temporary_, older.permissions(), error);
+  }
+  std::filesystem::rename(temporary_, target_, error);
   if (error) {
     throw Failure(systemFailure("write", path_, error.default_error_condition().value()));
   }

@@ -10,6 +10,7 @@ namespace examples {
 
 /// Writes under a temporary name in the directory of the target and takes the target's name on
 /// commit(). Without commit() the temporary file is deleted and an older target stays as it was.
+/// A link stays one: what it leads to is written. An older target's permissions stay.
 /// A target that exists and is no regular file (a device, a pipe) is written directly, and "-" is
 /// standard output. A signal that ends the program deletes the temporary file; one such file is
 /// open at a time.
@@ -35,6 +36,7 @@ class OutputFile {
   void openTemporary();
 
   std::string path_;
+  std::string target_;     // the same, or where a link leads
   std::string temporary_;  // empty if the target is written directly
   std::FILE* file_ = nullptr;
 };

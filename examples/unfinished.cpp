@@ -41,7 +41,7 @@ void handle(int number) {
 
 #else
 
-constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM};
+constexpr int kSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGTERM, SIGXCPU, SIGXFSZ};
 
 // The signal comes again when this returns, and ends the program as if it had no handler.
 void onSignal(int number) {

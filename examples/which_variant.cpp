@@ -113,11 +113,12 @@ void run(int argc, char** argv) {
   const pxmStatus status = legacy90pxmccInit();
   const pxmVersionRecord* version = legacy90pxmccGetLibVersion();
   const std::string tag = version->variantTag;
-  examples::printToStandardOutput("variant    " + tag + "\nlabel      " + version->label +
-                                  "\nneeds      " + inWords(needsOf(tag)) + "\nprocessor  " +
-                                  processor() + "\nrelease    " + version->releaseText +
-                                  "\ndate       " + version->dateText + "\ninit       " +
-                                  std::to_string(status) + ", " + meaning(status) + "\n");
+  examples::printToStandardOutput(
+      "variant    " + tag + "\nlabel      " + version->label + "\nneeds      " +
+      inWords(needsOf(tag)) + "\nprocessor  " + processor() + "\nrelease    " +
+      version->releaseText + "\ndate       " + version->dateText +
+      " (release and date are fixed texts of the interface)\ninit       " + std::to_string(status) +
+      ", " + meaning(status) + "\n");
   if (status < 0) {
     throw examples::Failure("legacy90pxmccInit failed with status " + std::to_string(status));
   }

@@ -74,7 +74,8 @@ constexpr const char* kHelp =
     "\n"
     "An error is one line on standard error and an exit status of 1, or of 2 for a\n"
     "command line that cannot be carried out. Files are written whole or not at all.\n"
-    "Pictures of the frames before an error stay.\n";
+    "Pictures of the frames before an error stay; to keep raw frames too, write them\n"
+    "by - >FILE. What is left of a program that was killed is named .unfinished-*.\n";
 
 struct Options {
   const TargetFormat* target = nullptr;

@@ -145,6 +145,21 @@ TEST_F(OutputFiles, OlderPictureSurvivesAFailure) {
   EXPECT_EQ(files(), (Names{"in.y4m", "out.png"}));
 }
 
+TEST_F(OutputFiles, LinkStaysALink) {
+  store("real.png", "an older picture");
+  std::filesystem::permissions(path("real.png"), std::filesystem::perms(0600));
+  std::filesystem::create_symlink("real.png", path("link.png"));
+  std::filesystem::create_symlink("new.png", path("dangling.png"));
+  EXPECT_TRUE(succeeded(convertTo("link.png")));
+  EXPECT_TRUE(succeeded(convertTo("dangling.png")));
+  EXPECT_TRUE(std::filesystem::is_symlink(path("link.png")));
+  EXPECT_TRUE(std::filesystem::is_symlink(path("dangling.png")));
+  EXPECT_EQ(readPicture(path("real.png")).width, 100);
+  EXPECT_EQ(readPicture(path("new.png")).width, 100);
+  EXPECT_EQ(std::filesystem::status(path("real.png")).permissions(), std::filesystem::perms(0600));
+  EXPECT_EQ(files(), (Names{"dangling.png", "in.y4m", "link.png", "new.png", "real.png"}));
+}
+
 TEST_F(OutputFiles, InputAsOutput) {
   const std::string before = load("in.y4m");
   EXPECT_TRUE(failedWith(convertTo("in.y4m"), 1, "y4m2rgb", "are the same file, 'in.y4m'"));
