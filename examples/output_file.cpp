@@ -61,6 +61,7 @@ OutputFile::OutputFile(const std::string& path) : path_(path), target_(followed(
   if (path == "-") {
     path_ = "standard output";
     file_ = stdout;
+    widenPipe(stdout);
     return;
   }
   if (isDirectory(path)) {
@@ -135,6 +136,12 @@ void OutputFile::commit() {
   }
   temporary_.clear();
   noteUnfinished("");
+}
+
+void widenPipe([[maybe_unused]] std::FILE* stream) {
+#ifdef F_SETPIPE_SZ
+  fcntl(fileno(stream), F_SETPIPE_SZ, 1 << 20);
+#endif
 }
 
 void requireOtherFile(const std::string& input, const std::string& output) {

@@ -41,6 +41,10 @@ class OutputFile {
   std::FILE* file_ = nullptr;
 };
 
+/// Where a stream is a pipe, lets it hold as much as the system allows without asking: whole
+/// pictures then pass with fewer changes between programs.
+void widenPipe(std::FILE* stream);
+
 /// Throws a Failure if both are one file; "-" is standard input, or standard output.
 void requireOtherFile(const std::string& input, const std::string& output);
 

@@ -31,6 +31,7 @@ Y4mReader::Y4mReader(const std::string& path)
   if (file_ == nullptr) {
     throw Failure(systemFailure("open", path_, errno));
   }
+  widenPipe(file_);
   try {
     readHeader();
   } catch (...) {
