@@ -137,7 +137,7 @@ struct LaneRow<PackDither<565>, L> {
     // Shifted, components have the bit of the change from there to 255, and from 0 to there they do
     // not; what lies outside is clamped with it or without.
     static_assert(slopeChange6 == slopeChangesFrom6 >> 9);
-    // Of the even columns, this one is in lanes 1, 3, 5 and 7.
+    // Of the even columns, this one fills lanes 1, 3, 5 and 7.
     static_assert(slopeChangeColumn6 == 2);
     L biased = six.template biased<p>(sixteenths);
     if constexpr (p == even) {
