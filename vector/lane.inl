@@ -14,7 +14,7 @@ PXM_LEVEL_BEGIN
 template <class L>
 L broadcast(int value);
 
-// Eight lanes from any address, the same in each half.
+// As many lanes as a register has, from an address that is aligned to its size.
 template <class L>
 L loadLanes(const void* p);
 

@@ -78,10 +78,9 @@ PXM_INLINE I16x16 addNeighbours(I16x16 a, I16x16 b) {
   return {_mm256_packs_epi32(_mm256_madd_epi16(a.v, factors), _mm256_madd_epi16(b.v, factors))};
 }
 
-// Eight lanes, the same in both halves.
 template <>
 PXM_INLINE I16x16 loadLanes<I16x16>(const void* p) {
-  return {_mm256_broadcastsi128_si256(_mm_loadu_si128(static_cast<const __m128i*>(p)))};
+  return {_mm256_load_si256(static_cast<const __m256i*>(p))};
 }
 
 PXM_INLINE I16x16 loadHalves(const uint8_t* low, const uint8_t* high) {

@@ -25,11 +25,14 @@ namespace pxm {
 // slopeChangesFrom6 on.
 //
 // The numbers are searched for by the compiler. They stand by row, those of the even columns before
-// those of the odd ones, as often as eight lanes or bytes hold them.
+// those of the odd ones, as often as sixteen lanes hold them; of bytes, by halves of a register.
+// Loops take them from memory: there are more numbers than registers.
 struct FoldedDither {
-  alignas(16) int16_t bias[4][2][8];
-  alignas(16) int16_t factor[4][2][8];
-  alignas(16) uint8_t offset[4][2][8];
+  struct alignas(32) Row {
+    int16_t bias[2][16], factor[2][16];
+    uint8_t offset[32];
+  };
+  Row rows[4];
 };
 
 constexpr int slopeChange6 = 4, slopeChangeRow6 = 0, slopeChangeColumn6 = 2;

@@ -72,18 +72,20 @@ struct LaneRow<PackPlain<format>, L> {
 // The numbers of a folded dither for one row.
 template <class L>
 struct FoldedRow {
-  L bias[2], factor[2];
-  PXM_INLINE FoldedRow(const FoldedDither& folded, int row)
-      : bias{loadLanes<L>(folded.bias[row][0]), loadLanes<L>(folded.bias[row][1])},
-        factor{loadLanes<L>(folded.factor[row][0]), loadLanes<L>(folded.factor[row][1])} {}
+  const FoldedDither::Row* numbers;
+  PXM_INLINE FoldedRow(const FoldedDither& folded, int row) : numbers(&folded.rows[row & 3]) {}
 
   template <Parity parity>
+  PXM_INLINE L bias() const {
+    return loadLanes<L>(numbers->bias[parity]);
+  }
+  template <Parity parity>
   PXM_INLINE L biased(L sixteenths) const {
-    return (sixteenths & broadcast<L>(-1 << fractionBits)) + bias[parity];
+    return (sixteenths & broadcast<L>(-1 << fractionBits)) + bias<parity>();
   }
   template <Parity parity>
   PXM_INLINE L byte(L biased) const {
-    return LaneMulHi(biased, factor[parity]);
+    return LaneMulHi(biased, loadLanes<L>(numbers->factor[parity]));
   }
 };
 
@@ -91,11 +93,11 @@ struct FoldedRow {
 template <class L>
 struct LaneRow<PackDither<444>, L> {
   FoldedRow<L> four;
-  PXM_INLINE explicit LaneRow(int row) : four(foldedDither4, row & 3) {}
+  PXM_INLINE explicit LaneRow(int row) : four(foldedDither4, row) {}
 
   template <Parity p>
   PXM_INLINE LaneChannels<L> bytes(L luma, const LaneTerms<L>& terms) const {
-    const LaneChannels<L> c = join(luma + four.bias[p], terms);
+    const LaneChannels<L> c = join(luma + four.template bias<p>(), terms);
     return {four.template byte<p>(c.red), four.template byte<p>(c.green),
             four.template byte<p>(c.blue)};
   }
@@ -105,7 +107,7 @@ struct LaneRow<PackDither<444>, L> {
 template <class L>
 struct LaneRow<PackDither<555>, L> {
   FoldedRow<L> five;
-  PXM_INLINE explicit LaneRow(int row) : five(foldedDither5, row & 3) {}
+  PXM_INLINE explicit LaneRow(int row) : five(foldedDither5, row) {}
 
   template <Parity p>
   PXM_INLINE L byte(L sixteenths) const {
@@ -124,13 +126,9 @@ template <class L>
 struct LaneRow<PackDither<565>, L> {
   LaneRow<PackDither<555>, L> redBlue;
   FoldedRow<L> six;
-  L offset;
   bool changesSlope;
   PXM_INLINE explicit LaneRow(int row)
-      : redBlue(row),
-        six(foldedDither6, row & 3),
-        offset(loadLanes<L>(foldedDither6.offset[row & 3])),
-        changesSlope((row & 3) == slopeChangeRow6) {}
+      : redBlue(row), six(foldedDither6, row), changesSlope((row & 3) == slopeChangeRow6) {}
 
   template <Parity p>
   PXM_INLINE L greenByte(L sixteenths) const {
@@ -141,8 +139,9 @@ struct LaneRow<PackDither<565>, L> {
     static_assert(slopeChangeColumn6 == 2);
     L biased = six.template biased<p>(sixteenths);
     if constexpr (p == even) {
-      static constexpr int16_t change[8] = {0, slopeChange6, 0, slopeChange6,
-                                            0, slopeChange6, 0, slopeChange6};
+      alignas(32) static constexpr int16_t change[16] = {
+          0, slopeChange6, 0, slopeChange6, 0, slopeChange6, 0, slopeChange6,
+          0, slopeChange6, 0, slopeChange6, 0, slopeChange6, 0, slopeChange6};
       if (changesSlope) biased = biased - (shiftRight<9>(sixteenths) & loadLanes<L>(change));
     }
     return six.template byte<p>(biased);
@@ -153,7 +152,9 @@ struct LaneRow<PackDither<565>, L> {
     return {redBlue.template byte<p>(c.red), greenByte<p>(c.green),
             redBlue.template byte<p>(c.blue)};
   }
-  PXM_INLINE L greenWithOffset(L bytes) const { return subtractBytes(bytes, offset); }
+  PXM_INLINE L greenWithOffset(L bytes) const {
+    return subtractBytes(bytes, loadLanes<L>(six.numbers->offset));
+  }
 };
 
 // Pixels in order; of a register with two halves, in each half of both.

@@ -99,7 +99,7 @@ PXM_INLINE __m128i duplicateBytes(__m128i bytes) {
 
 template <>
 PXM_INLINE I16x8 loadLanes<I16x8>(const void* p) {
-  return {_mm_loadu_si128(static_cast<const __m128i*>(p))};
+  return {_mm_load_si128(static_cast<const __m128i*>(p))};
 }
 
 template <>
