@@ -14,22 +14,9 @@ struct I16x16 {
   __m256i v;
 };
 
-// A register of which compilers know nothing. Clang makes other shuffles of those that give zeros,
-// and one store of two, by way of a shuffle: both are slower.
-template <class Register>
-PXM_INLINE Register opaque(Register a) {
-  asm("" : "+x"(a));
-  return a;
-}
-
 template <>
 PXM_INLINE I16x16 broadcast<I16x16>(int value) {
-  const __m256i lanes = _mm256_set1_epi16(static_cast<short>(value));
-#ifdef __clang__
-  return {opaque(lanes)};
-#else
-  return {lanes};
-#endif
+  return {_mm256_set1_epi16(static_cast<short>(value))};
 }
 
 PXM_INLINE I16x16 operator+(I16x16 a, I16x16 b) {

@@ -88,8 +88,9 @@ struct SamplesAndTerms {
   PairedBytes<L> upper, lower;
   L red, green, blue;
 };
+// (By value: what a reference names GCC keeps in memory.)
 template <class Chain, class L>
-PXM_INLINE SamplesAndTerms<L> withTerms(const PlanarSamples<L, L>& samples) {
+PXM_INLINE SamplesAndTerms<L> withTerms(PlanarSamples<L, L> samples) {
   const LaneTerms<L> terms = termsOf<Chain>(samples);
   return {samples.upper, samples.lower, terms.red, terms.green, terms.blue};
 }
