@@ -5,7 +5,6 @@
 #include <xmmintrin.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -16,36 +15,10 @@
 #include "frame/dispatch.h"
 #include "tests/support/exported_calls.h"
 #include "tests/support/hand_written_call.h"
+#include "tests/support/images.h"
 #include "tests/support/pages.h"
-#include "tests/support/random.h"
 
 namespace {
-
-// Images that have room for any conversion of 100 by 8 pixels, and rows above and below that some
-// read from.
-struct Images {
-  static constexpr int pitch = 512, rows = 16, firstRow = 4;
-  using Plane = std::array<std::uint8_t, pitch * rows>;
-  std::array<Plane, 3> src, dst;
-
-  explicit Images(Random& random) {
-    for (Plane& plane : src) random.fill(plane.data(), plane.size());
-    for (Plane& plane : dst) random.fill(plane.data(), plane.size());
-  }
-
-  CallArguments arguments(pxmSize size) {
-    CallArguments a = {};
-    for (std::size_t i = 0; i < 3; ++i) {
-      a.src[i] = src[i].data() + firstRow * pitch;
-      a.dst[i] = dst[i].data() + firstRow * pitch;
-      a.srcStep[i] = a.dstStep[i] = pitch;
-    }
-    a.size = size;
-    const float matrix[3][4] = {{0.9f, 0.1f, -0.2f, 3}, {0.3f, -1.1f, 0.5f, -4}, {1, 1, -1, 0.5f}};
-    std::memcpy(a.twist, matrix, sizeof matrix);
-    return a;
-  }
-};
 
 KeptRegisters patterns() {
   KeptRegisters registers = {};
@@ -75,12 +48,15 @@ testing::AssertionResult kept(const KeptRegisters& after) {
   return testing::AssertionSuccess();
 }
 
-std::uint32_t callByHand(const Export& e, const CallArguments& a, KeptRegisters& after) {
-  const Words words = e.words(a);
+std::uint32_t callByHand(const void* function, const Words& words, KeptRegisters& after) {
   std::uint64_t six[6];
   std::copy(words.begin(), words.end(), six);
   after = patterns();
-  return handWrittenCall(e.function, six, patterns(), after);
+  return handWrittenCall(function, six, patterns(), after);
+}
+
+std::uint32_t callByHand(const Export& e, const CallArguments& a, KeptRegisters& after) {
+  return callByHand(e.function, e.words(a), after);
 }
 
 class Callers : public testing::TestWithParam<int> {};
@@ -122,6 +98,23 @@ TEST_P(Callers, RegistersAreKeptByTheFirstCall) {
   EXPECT_EQ(static_cast<pxmStatus>(status), e.conversion.call(byCompiler.arguments({37, 5})));
   EXPECT_TRUE(byHand.dst == byCompiler.dst);
   EXPECT_TRUE(kept(after));
+}
+
+// The four exports that convert nothing. Each may be the first that a program calls.
+TEST(CallersOfServices, RegistersAreKept) {
+  legacy90pxmccInit();
+  const std::int32_t chosen = VariantIndex;
+  int threads = 0;
+  for (const ServiceCall& service : serviceCalls(&threads))
+    for (const int variant : {-1, 0, 1, 2, 3, 4, 5, 6}) {
+      VariantIndex = variant;
+      KeptRegisters after;
+      const std::uint32_t result = callByHand(service.function, service.words, after);
+      EXPECT_TRUE(kept(after)) << service.name << " " << variant;
+      EXPECT_EQ(service.hasStatus && static_cast<std::int32_t>(result) < 0, false) << service.name;
+    }
+  EXPECT_EQ(threads, 1);
+  VariantIndex = chosen;
 }
 
 #ifdef _WIN32

@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstdint>
+#include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -14,9 +16,13 @@ std::uint64_t wordOf(const void* pointer) {
   return reinterpret_cast<std::uintptr_t>(pointer);
 }
 
-// What a pitch leaves in the upper half of a register is nobody's business.
-std::uint64_t wordOf(int pitch) {
-  return 0xDEADBEEF00000000 | static_cast<std::uint32_t>(pitch);
+// What a pitch leaves in the upper half of a register is nobody's business. No address and no
+// height has this upper half.
+constexpr std::uint64_t poison = 0xDEADBEEF00000000;
+constexpr std::uint64_t lowerHalf = 0xFFFFFFFF;
+
+std::uint64_t wordOf(int number) {
+  return poison | static_cast<std::uint32_t>(number);
 }
 
 // Width in the lower half, height in the upper.
@@ -67,4 +73,31 @@ const std::vector<Export>& allExports() {
 #include "frame/conversions.def"
   };
   return all;
+}
+
+const Export& exportNamed(std::string_view name) {
+  for (const Export& e : allExports())
+    if (e.conversion.name == name) return e;
+  throw std::invalid_argument("no export is named " + std::string(name));
+}
+
+Words withUpperHalves(Words words, std::uint32_t upperHalf) {
+  for (std::uint64_t& word : words)
+    if ((word & ~lowerHalf) == poison) word = std::uint64_t{upperHalf} << 32 | (word & lowerHalf);
+  return words;
+}
+
+std::vector<ServiceCall> serviceCalls(int* threads) {
+  return {
+      {"GetLibVersion", reinterpret_cast<const void*>(legacy90pxmccGetLibVersion), {}, false},
+      {"GetNumThreads",
+       reinterpret_cast<const void*>(legacy90pxmccGetNumThreads),
+       {wordOf(threads)},
+       true},
+      {"Init", reinterpret_cast<const void*>(legacy90pxmccInit), {}, true},
+      {"SetNumThreads",
+       reinterpret_cast<const void*>(legacy90pxmccSetNumThreads),
+       {wordOf(3)},
+       true},
+  };
 }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/conversions.h"
@@ -21,5 +22,20 @@ struct Export {
 
 // All conversions, in byte order.
 const std::vector<Export>& allExports();
+const Export& exportNamed(std::string_view name);
+
+// The same words with another upper half for each pitch.
+Words withUpperHalves(Words words, std::uint32_t upperHalf);
+
+// A service, with an argument of its own, the upper half of which is poisoned if it is a number.
+struct ServiceCall {
+  const char* name;
+  const void* function;
+  Words words;
+  bool hasStatus;  // and is no dispatched export
+};
+
+// The four services; `threads` is where a number of threads goes.
+std::vector<ServiceCall> serviceCalls(int* threads);
 
 #endif
