@@ -12,17 +12,13 @@
 #include "catalogue/conversions.h"
 #include "catalogue/variants.h"
 #include "tests/support/by_oracle.h"
-#include "tests/support/pages.h"
 #include "tests/support/random.h"
+#include "tests/support/sparse_range.h"
 
 namespace {
 
-constexpr std::int64_t GiB = std::int64_t{1} << 30;
 constexpr int height = 7;
 constexpr std::size_t rowBytes = 32;
-
-// The offsets of rows from the first, in bytes.
-using Offsets = std::vector<std::int64_t>;
 
 Offsets quartersOfGiB(Offsets counts) {
   for (std::int64_t& count : counts) count *= GiB / 4;
@@ -44,31 +40,6 @@ Offsets halved(Offsets offsets) {
 constexpr int pixelPitch = 2147483584;
 const Offsets wrappedPixelPairs = {0,    2147483584, 4294967168, 6442450752,
                                    -256, 2147483328, 4294966912};
-
-// Addresses from -8 to +9 GiB around an origin, of which rows are opened one by one.
-class Range {
- public:
-  Range() : all_(static_cast<std::uint8_t*>(reservePages(size))) {}
-  ~Range() { releasePages(all_, size); }
-  Range(const Range&) = delete;
-  Range& operator=(const Range&) = delete;
-
-  std::uint8_t* origin() const { return all_ + 8 * GiB; }
-
-  // Rows with room on both sides.
-  void open(const Offsets& offsets) {
-    const auto page = static_cast<std::int64_t>(pageSize());
-    for (const std::int64_t offset : offsets) {
-      const std::int64_t first = (offset + 8 * GiB - 256) / page * page;
-      const std::int64_t end = offset + 8 * GiB + 512;
-      setAccess(all_ + first, static_cast<std::size_t>(end - first), Access::ReadWrite);
-    }
-  }
-
- private:
-  static constexpr std::size_t size = 17 * GiB;
-  std::uint8_t* all_;
-};
 
 // Where the rows of a conversion's planes lie, for a source pitch and a destination pitch.
 struct Rows {
@@ -110,7 +81,7 @@ class Far {
 
  private:
   const Rows& rows_;
-  Range ranges_[6];
+  SparseRange ranges_[6];
   CallArguments arguments_ = {};
 };
 
