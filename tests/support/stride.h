@@ -4,11 +4,22 @@
 #define TESTS_SUPPORT_STRIDE_H_
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
+#include <vector>
 
 inline int testStride() {
   static const char* const text = std::getenv("PXM_TEST_STRIDE");
   return text == nullptr ? 1 : std::max(1, std::atoi(text));
+}
+
+// Every n-th of some cases; other ones for each `turn`.
+template <typename Case>
+std::vector<Case> inTurn(const std::vector<Case>& all, std::size_t turn) {
+  std::vector<Case> some;
+  for (const Case& each : all)
+    if (turn++ % static_cast<std::size_t>(testStride()) == 0) some.push_back(each);
+  return some;
 }
 
 #endif
