@@ -41,7 +41,7 @@ std::vector<Conversion> withTwist(bool isTwist) {
 // In scalar code and in the best variant, or in every stride-th of these.
 std::vector<int> someVariants(const Conversion& c) {
   const std::vector<int> all = runnableVariants();
-  return inTurn<int>({all.front(), all.back()}, c.name.size());
+  return inTurn<int>({all.front(), all.back()}, c.name);
 }
 
 class RowsInOne : public testing::TestWithParam<Conversion> {};

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <functional>
+#include <string_view>
 #include <vector>
 
 inline int testStride() {
@@ -13,9 +15,10 @@ inline int testStride() {
   return text == nullptr ? 1 : std::max(1, std::atoi(text));
 }
 
-// Every n-th of some cases; other ones for each `turn`.
+// About every n-th of some cases; other ones for each name.
 template <typename Case>
-std::vector<Case> inTurn(const std::vector<Case>& all, std::size_t turn) {
+std::vector<Case> inTurn(const std::vector<Case>& all, std::string_view name) {
+  std::size_t turn = std::hash<std::string_view>{}(name);
   std::vector<Case> some;
   for (const Case& each : all)
     if (turn++ % static_cast<std::size_t>(testStride()) == 0) some.push_back(each);
