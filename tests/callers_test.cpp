@@ -13,12 +13,15 @@
 #include "catalogue/conversions.h"
 #include "catalogue/variants.h"
 #include "frame/dispatch.h"
+#include "tests/support/cases.h"
 #include "tests/support/exported_calls.h"
 #include "tests/support/hand_written_call.h"
 #include "tests/support/images.h"
 #include "tests/support/pages.h"
 
 namespace {
+
+Cases& cases = casesOf("calls after which all kept registers are compared");
 
 KeptRegisters patterns() {
   KeptRegisters registers = {};
@@ -36,6 +39,7 @@ testing::AssertionResult kept(const KeptRegisters& after) {
   const std::uint64_t nothing[6] = {};
   const auto idle = [] {};
   handWrittenCall(reinterpret_cast<const void*>(+idle), nothing, want, here);
+  ++cases;
   if (std::memcmp(after.general, here.general, sizeof here.general) != 0)
     return testing::AssertionFailure() << "a general register is lost";
   if (std::memcmp(after.vector, here.vector, sizeof here.vector) != 0)
@@ -115,6 +119,39 @@ TEST(CallersOfServices, RegistersAreKept) {
     }
   EXPECT_EQ(threads, 1);
   VariantIndex = chosen;
+}
+
+// Callees that keep everything but one thing.
+using Callee = void (*)();
+constexpr struct {
+  const char* what;
+  Callee callee;
+} careless[] = {
+    {"rbx", [] { asm volatile("notq %rbx"); }},
+    {"r12", [] { asm volatile("notq %r12"); }},
+    {"r13", [] { asm volatile("notq %r13"); }},
+    {"r14", [] { asm volatile("notq %r14"); }},
+    {"r15", [] { asm volatile("notq %r15"); }},
+    {"direction flag", [] { asm volatile("std"); }},
+    {"rounding mode of MXCSR", [] { _mm_setcsr(_mm_getcsr() ^ _MM_ROUND_UP); }},
+    {"control word of the x87 unit",
+     [] {
+       const std::uint16_t singlePrecision = 0x7F;
+       asm volatile("fldcw %0" : : "m"(singlePrecision));
+     }},
+};
+
+TEST(CallersOfOthers, EachLossIsSeen) {
+  for (const auto& [what, callee] : careless) {
+    const unsigned mxcsr = _mm_getcsr();
+    std::uint16_t x87Control;
+    asm volatile("fnstcw %0" : "=m"(x87Control));
+    KeptRegisters after;
+    callByHand(reinterpret_cast<const void*>(callee), Words{}, after);
+    _mm_setcsr(mxcsr);
+    asm volatile("fldcw %0" : : "m"(x87Control));
+    EXPECT_FALSE(kept(after)) << what;
+  }
 }
 
 #ifdef _WIN32
