@@ -143,4 +143,14 @@ writeAboveReturnAddress:
         ret
         .size   writeAboveReturnAddress, . - writeAboveReturnAddress
 
+        .irp    bytes, 64, 2000
+        .globl  useStack\bytes
+        .type   useStack\bytes, @function
+useStack\bytes:
+        endbr64
+        movq    %rsp, -\bytes(%rsp)
+        ret
+        .size   useStack\bytes, . - useStack\bytes
+        .endr
+
         .section .note.GNU-stack, "", @progbits

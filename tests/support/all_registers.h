@@ -51,4 +51,8 @@ extern "C" void recordArrival();
 // Writes the word above its return address, which is its caller's.
 extern "C" void writeAboveReturnAddress();
 
+// Write the word that many bytes below their return address.
+extern "C" void useStack64();
+extern "C" void useStack2000();
+
 #endif

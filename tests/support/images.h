@@ -11,14 +11,15 @@
 #include "tests/support/by_oracle.h"
 #include "tests/support/random.h"
 
-// Images that have room for any conversion of 100 by 5 pixels, and rows above and below that some
-// read from.
-struct Images {
-  static constexpr int pitch = 512, rows = 16, firstRow = 4;
+// Images that have room for any conversion of 100 columns and of 8 rows less than there are; above
+// and below stand rows that some read from.
+template <int rowCount>
+struct ImagesOfRows {
+  static constexpr int pitch = 512, rows = rowCount, firstRow = 4;
   using Plane = std::array<std::uint8_t, pitch * rows>;
   std::array<Plane, 3> src, dst;
 
-  explicit Images(Random& random) {
+  explicit ImagesOfRows(Random& random) {
     for (Plane& plane : src) random.fill(plane.data(), plane.size());
     for (Plane& plane : dst) random.fill(plane.data(), plane.size());
   }
@@ -37,5 +38,8 @@ struct Images {
     return a;
   }
 };
+
+using Images = ImagesOfRows<16>;
+using TallImages = ImagesOfRows<112>;
 
 #endif
