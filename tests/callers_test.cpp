@@ -34,34 +34,59 @@ KeptRegisters patterns() {
 
 constexpr std::uint32_t mxcsrFlags = 0x3F;  // what arithmetic raises, which no callee keeps
 
-testing::AssertionResult kept(const KeptRegisters& after) {
-  KeptRegisters want = patterns(), here = want;
-  const std::uint64_t nothing[6] = {};
-  const auto idle = [] {};
-  handWrittenCall(reinterpret_cast<const void*>(+idle), nothing, want, here);
+// What an idle function leaves, called right before the export, and what the export leaves.
+struct Registers {
+  KeptRegisters before, after;
+};
+
+testing::AssertionResult kept(const Registers& registers) {
+  const auto& [before, after] = registers;
   ++cases;
-  if (std::memcmp(after.general, here.general, sizeof here.general) != 0)
+  if (std::memcmp(after.general, before.general, sizeof before.general) != 0)
     return testing::AssertionFailure() << "a general register is lost";
-  if (std::memcmp(after.vector, here.vector, sizeof here.vector) != 0)
+  if (std::memcmp(after.vector, before.vector, sizeof before.vector) != 0)
     return testing::AssertionFailure() << "a vector register is lost";
   if (after.direction != 0) return testing::AssertionFailure() << "the direction flag is set";
-  if ((after.mxcsr ^ here.mxcsr) & ~mxcsrFlags)
-    return testing::AssertionFailure() << "MXCSR is " << after.mxcsr << ", not " << here.mxcsr;
-  if (after.x87Control != here.x87Control)
+  if ((after.mxcsr ^ before.mxcsr) & ~mxcsrFlags)
+    return testing::AssertionFailure() << "MXCSR is " << after.mxcsr << ", not " << before.mxcsr;
+  if (after.x87Control != before.x87Control)
     return testing::AssertionFailure() << "the x87 control word is " << after.x87Control;
   return testing::AssertionSuccess();
 }
 
-std::uint32_t callByHand(const void* function, const Words& words, KeptRegisters& after) {
+std::uint32_t callByHand(const void* function, const Words& words, Registers& registers) {
+  const std::uint64_t nothing[6] = {};
+  const auto idle = [] {};
+  registers = {patterns(), patterns()};
+  handWrittenCall(reinterpret_cast<const void*>(+idle), nothing, patterns(), registers.before);
   std::uint64_t six[6];
   std::copy(words.begin(), words.end(), six);
-  after = patterns();
-  return handWrittenCall(function, six, patterns(), after);
+  return handWrittenCall(function, six, patterns(), registers.after);
 }
 
-std::uint32_t callByHand(const Export& e, const CallArguments& a, KeptRegisters& after) {
-  return callByHand(e.function, e.words(a), after);
+std::uint32_t callByHand(const Export& e, const CallArguments& a, Registers& registers) {
+  return callByHand(e.function, e.words(a), registers);
 }
+
+// Arguments on a page that cannot be written: arrays of planes and pitches, and the matrix, are the
+// caller's.
+class ReadOnlyArguments {
+ public:
+  ReadOnlyArguments() : page_(static_cast<CallArguments*>(reservePages(pageSize()))) {}
+  ~ReadOnlyArguments() { releasePages(page_, pageSize()); }
+  ReadOnlyArguments(const ReadOnlyArguments&) = delete;
+  ReadOnlyArguments& operator=(const ReadOnlyArguments&) = delete;
+
+  const CallArguments& hold(const CallArguments& a) {
+    EXPECT_TRUE(setAccess(page_, pageSize(), Access::ReadWrite));
+    *page_ = a;
+    EXPECT_TRUE(setAccess(page_, pageSize(), Access::Read));
+    return *page_;
+  }
+
+ private:
+  CallArguments* page_;
+};
 
 class Callers : public testing::TestWithParam<int> {};
 
@@ -72,16 +97,18 @@ TEST_P(Callers, SizeIsOneWordAndRegistersAreKept) {
   SCOPED_TRACE(seedMessage());
   const Export& e = allExports()[static_cast<std::size_t>(GetParam())];
   Random random{std::string(e.conversion.name)};
+  ReadOnlyArguments arguments;
   for (const int variant : runnableVariants()) {
     const SelectedVariant selected(variant);
     for (const pxmSize size : sizes) {
       Images byHand(random);
       Images byCompiler = byHand;
-      KeptRegisters after;
-      const std::uint32_t status = callByHand(e, byHand.arguments(size), after);
+      Registers registers;
+      const std::uint32_t status = callByHand(e, arguments.hold(byHand.arguments(size)), registers);
+      ASSERT_TRUE(kept(registers))
+          << variantTags[variant] << " " << size.width << "x" << size.height;
       ASSERT_EQ(static_cast<pxmStatus>(status), e.conversion.call(byCompiler.arguments(size)));
       ASSERT_TRUE(byHand.dst == byCompiler.dst) << variantTags[variant] << " " << size.width;
-      ASSERT_TRUE(kept(after)) << variantTags[variant] << " " << size.width << "x" << size.height;
     }
   }
 }
@@ -96,12 +123,12 @@ TEST_P(Callers, RegistersAreKeptByTheFirstCall) {
   legacy90pxmccInit();
   const std::int32_t chosen = VariantIndex;
   VariantIndex = -1;
-  KeptRegisters after;
-  const std::uint32_t status = callByHand(e, byHand.arguments({37, 5}), after);
+  Registers registers;
+  const std::uint32_t status = callByHand(e, byHand.arguments({37, 5}), registers);
+  ASSERT_TRUE(kept(registers));
   EXPECT_EQ(VariantIndex, chosen);
   EXPECT_EQ(static_cast<pxmStatus>(status), e.conversion.call(byCompiler.arguments({37, 5})));
   EXPECT_TRUE(byHand.dst == byCompiler.dst);
-  EXPECT_TRUE(kept(after));
 }
 
 // The four exports that convert nothing. Each may be the first that a program calls.
@@ -112,9 +139,9 @@ TEST(CallersOfServices, RegistersAreKept) {
   for (const ServiceCall& service : serviceCalls(&threads))
     for (const int variant : {-1, 0, 1, 2, 3, 4, 5, 6}) {
       VariantIndex = variant;
-      KeptRegisters after;
-      const std::uint32_t result = callByHand(service.function, service.words, after);
-      EXPECT_TRUE(kept(after)) << service.name << " " << variant;
+      Registers registers;
+      const std::uint32_t result = callByHand(service.function, service.words, registers);
+      EXPECT_TRUE(kept(registers)) << service.name << " " << variant;
       EXPECT_EQ(service.hasStatus && static_cast<std::int32_t>(result) < 0, false) << service.name;
     }
   EXPECT_EQ(threads, 1);
@@ -146,11 +173,11 @@ TEST(CallersOfOthers, EachLossIsSeen) {
     const unsigned mxcsr = _mm_getcsr();
     std::uint16_t x87Control;
     asm volatile("fnstcw %0" : "=m"(x87Control));
-    KeptRegisters after;
-    callByHand(reinterpret_cast<const void*>(callee), Words{}, after);
+    Registers registers;
+    callByHand(reinterpret_cast<const void*>(callee), Words{}, registers);
     _mm_setcsr(mxcsr);
     asm volatile("fldcw %0" : : "m"(x87Control));
-    EXPECT_FALSE(kept(after)) << what;
+    EXPECT_FALSE(kept(registers)) << what;
   }
 }
 
@@ -176,14 +203,14 @@ TEST_P(Callers, AnExceptionFindsItsHandler) {
         }
         const bool inPlace = e.conversion.has("IR") || e.conversion.has("IP3R");
         if (isSource && inPlace) continue;
-        KeptRegisters after;
+        Registers registers;
         const unsigned mxcsr = _mm_getcsr();
-        const std::uint32_t status = callByHand(e, a, after);
+        const std::uint32_t status = callByHand(e, a, registers);
         // In the twist the rounding mode is another for a while; a handler finds what it was then.
         _mm_setcsr(mxcsr);
-        if (e.conversion.kind == Kind::Twist) after.mxcsr = mxcsr;
+        if (e.conversion.kind == Kind::Twist) registers.after.mxcsr = mxcsr;
         ASSERT_EQ(status, caughtException) << variantTags[variant];
-        ASSERT_TRUE(kept(after)) << variantTags[variant] << " " << size.width;
+        ASSERT_TRUE(kept(registers)) << variantTags[variant] << " " << size.width;
       }
   }
   releasePages(unreadable, bytes);
@@ -200,14 +227,14 @@ TEST_P(Callers, AnExceptionOfStartUpFindsItsHandler) {
   auto* const page = reinterpret_cast<char*>(&VariantIndex) -
                      reinterpret_cast<std::uintptr_t>(&VariantIndex) % pageSize();
   const CallArguments a = images.arguments({37, 5});
-  KeptRegisters after;
+  Registers registers;
   ASSERT_TRUE(setAccess(page, pageSize(), Access::Read));
-  const std::uint32_t status = callByHand(e, a, after);
+  const std::uint32_t status = callByHand(e, a, registers);
   ASSERT_TRUE(setAccess(page, pageSize(), Access::ReadWrite));
   EXPECT_EQ(status, caughtException);
-  EXPECT_TRUE(kept(after));
+  EXPECT_TRUE(kept(registers));
   EXPECT_EQ(VariantIndex, -1);
-  EXPECT_EQ(static_cast<pxmStatus>(callByHand(e, a, after)), e.conversion.call(a));
+  EXPECT_EQ(static_cast<pxmStatus>(callByHand(e, a, registers)), e.conversion.call(a));
   EXPECT_EQ(VariantIndex, chosen);
 }
 #endif
