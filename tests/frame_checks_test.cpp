@@ -135,6 +135,20 @@ TEST(Checks, EveryPairOfFaultsInEveryExportOfEveryVariant) {
   }
 }
 
+TEST(Checks, RejectionsTouchNoImage) {
+  for (const int variant : runnableVariants()) {
+    const SelectedVariant selected(variant);
+    for (const CheckedCall& conversion : exportedConversions())
+      for (const Fault& fault : faultsOf(conversion.name)) {
+        FaultyCall call;
+        apply(fault, call);
+        call.unreadableImages = true;
+        bool untouched = false;
+        EXPECT_EQ(conversion.call(call, &untouched), fault.check.status) << conversion.name;
+      }
+  }
+}
+
 TEST(Checks, EveryPairOfFaultsInEveryFamily) {
   ASSERT_EQ(checkedConversions().size(), 98u);
   for (const CheckedCall& conversion : checkedConversions())

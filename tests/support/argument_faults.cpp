@@ -19,6 +19,7 @@ struct Memory {
 };
 
 void* unreadable() {
+  static_assert(sizeof(Memory) <= 4096);  // the least page
   static void* const page = reservePages(pageSize());
   return page;
 }
@@ -110,7 +111,8 @@ pxmStatus callOnMemory(const FaultyCall& c, bool* untouched) {
   std::memset(&memory, 0x5A, sizeof memory);
   for (int i = 0; i < 3; ++i) memory.srcSteps[i] = memory.dstSteps[i] = 64;
   const Memory before = memory;
-  const pxmStatus status = call(function, memory, c);
+  Memory& images = c.unreadableImages ? *static_cast<Memory*>(unreadable()) : memory;
+  const pxmStatus status = call(function, images, c);
   *untouched = std::memcmp(&memory, &before, sizeof memory) == 0;
   return status;
 }

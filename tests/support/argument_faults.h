@@ -18,6 +18,8 @@ struct FaultyCall {
   int srcStep = 64, dstStep = 64, srcDstStep = 64;
   // The arrays of planes and of pitches stand where nothing can be read.
   bool unreadablePlanes = false, unreadablePitches = false;
+  // Images, matrix and arrays of pitches stand there.
+  bool unreadableImages = false;
 };
 
 struct CheckedCall {
