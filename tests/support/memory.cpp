@@ -49,8 +49,10 @@ CallMemory::CallMemory(int mostWidth, int mostHeight, int mostPadding) {
   Random("pool").fill(pool_.data(), pool_.size());
 }
 
-void CallMemory::fill(std::uint8_t* bytes, std::size_t count, Random& random) const {
-  std::memcpy(bytes, pool_.data() + random.below(65536), count);
+const std::uint8_t* CallMemory::fill(std::uint8_t* bytes, std::size_t count, Random& random) const {
+  const std::uint8_t* const some = pool_.data() + random.below(65536);
+  std::memcpy(bytes, some, count);
+  return some;
 }
 
 void CallMemory::placeSources(const Conversion& conversion, const Shape& shape,
@@ -59,7 +61,7 @@ void CallMemory::placeSources(const Conversion& conversion, const Shape& shape,
     const PlaneShape& plane = shape.src[i];
     const int number = shape.onePitch ? 0 : static_cast<int>(i);
     a.srcStep[i] = pitchOf(plane.rowBytes, layout.srcPadding, number, layout.srcUpwards);
-    fill(src_[i]->begin(), src_[i]->size(), random);
+    filledWith_[i] = fill(src_[i]->begin(), src_[i]->size(), random);
     a.src[i] = placeImage(*src_[i], layout.side, layout.distance,
                           sourceRows(conversion, plane, a.srcStep[i]));
   }
@@ -76,6 +78,12 @@ void CallMemory::placeDestinations(const Conversion& conversion, int variant, co
     a.dst[i] = placeImage(*dst_[i], layout.side, layout.distance,
                           destinationRows(conversion, variant, layout.width, plane, a.dstStep[i]));
   }
+}
+
+bool CallMemory::sourcesAreAsBefore(const Shape& shape) const {
+  for (std::size_t i = 0; i < shape.src.size(); ++i)
+    if (std::memcmp(src_[i]->begin(), filledWith_[i], src_[i]->size()) != 0) return false;
+  return true;
 }
 
 testing::AssertionResult CallMemory::sameBytes() const {
@@ -103,7 +111,9 @@ testing::AssertionResult CallMemory::matchesOracle(const Conversion& conversion,
   const SelectedVariant selected(variant);
   const pxmStatus status = conversion.call(a);
 
-  const testing::AssertionResult same = sameBytes();
+  testing::AssertionResult same = sameBytes();
+  if (same && !sourcesAreAsBefore(shape))
+    same = testing::AssertionFailure() << "the source is changed";
   if (status == expectedStatus && same) return same;
   return testing::AssertionFailure()
          << conversion.name << " " << variantTags[variant] << ", " << layout << ": status "

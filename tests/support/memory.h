@@ -33,20 +33,24 @@ class CallMemory {
   CallMemory(int mostWidth, int mostHeight, int mostPadding);
 
   // Converts random samples in the given layout, by the library and by the oracle. The status and
-  // every byte of the destinations' memory must be the same, those outside the images too.
+  // every byte of the destinations' memory must be the same, those outside the images too; the
+  // sources' memory must be as before.
   testing::AssertionResult matchesOracle(const Conversion& conversion, int variant,
                                          const Layout& layout, Random& random);
 
  private:
-  void fill(std::uint8_t* bytes, std::size_t count, Random& random) const;
+  // Returns the bytes that it has copied.
+  const std::uint8_t* fill(std::uint8_t* bytes, std::size_t count, Random& random) const;
   void placeSources(const Conversion& conversion, const Shape& shape, const Layout& layout,
                     CallArguments& arguments, Random& random);
   void placeDestinations(const Conversion& conversion, int variant, const Shape& shape,
                          const Layout& layout, CallArguments& arguments, Random& random);
   testing::AssertionResult sameBytes() const;
+  bool sourcesAreAsBefore(const Shape& shape) const;
 
   std::vector<std::uint8_t> pool_;  // random bytes to fill from
   std::vector<std::unique_ptr<GuardedBytes>> src_, dst_;
+  const std::uint8_t* filledWith_[3] = {};  // what stands in src_
   std::vector<std::vector<std::uint8_t>> expected_;
 };
 
