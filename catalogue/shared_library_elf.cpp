@@ -37,7 +37,8 @@ std::map<std::string, void*> hiddenSymbols(void* library) {
   std::map<std::string, void*> symbols;
   link_map* map = nullptr;
   if (dlinfo(library, RTLD_DI_LINKMAP, &map) != 0) return symbols;
-  const std::vector<char> file = bytesOfFile(map->l_name);
+  const char* const path = *map->l_name == '\0' ? "/proc/self/exe" : map->l_name;  // the program
+  const std::vector<char> file = bytesOfFile(path);
   const auto header = recordAt<Elf64_Ehdr>(file, 0);
   for (unsigned s = 0; s < header.e_shnum; ++s) {
     const auto section = recordAt<Elf64_Shdr>(file, header.e_shoff + s * sizeof(Elf64_Shdr));
