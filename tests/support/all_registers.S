@@ -14,7 +14,7 @@ bytesOfVectorRegisters:
 stackBefore:
         .zero   8
 
-/* One instruction for each vector register, with the place of its bytes: VECTORS count, r, macro. */
+/* Each register from its place at rax, or there. */
         .macro  LOAD_X n
         movups  192 + 64 * \n(%rax), %xmm\n
         .endm
@@ -57,7 +57,7 @@ stackBefore:
         .endr
         .endm
 
-/* All vector registers of this machine, at rax. */
+/* Every vector register of this machine: `do` is LOAD or STORE. */
         .macro  VECTORS do
         cmpl    $32, bytesOfVectorRegisters(%rip)
         je      2f

@@ -100,7 +100,7 @@ std::vector<std::string> differences(const AllRegisters& want, const AllRegister
   return names;
 }
 
-// What calls no argument its own, on the road.
+// What the road need not keep: neither carries an argument, nor has a callee to keep it.
 bool mayBeLost(const std::string& name) {
   return name == "rax" || name == "r10" || name.ends_with("low");
 }
