@@ -37,7 +37,7 @@ bad_\name:
         ENTRY   LeavesUpperHalves, "", "vinsertf128 $1, sixteenOnes(%rip), %ymm0, %ymm0"
         ENTRY   LeavesMmxRegisters, "", "pxor %mm0, %mm0"
         ENTRY   AsksTheSystem, "", "movl %eax, (%rsp); movl $39, %eax; syscall; movl (%rsp), %eax"
-        ENTRY   NeedsADeepStack, "movb $0, -16384(%rsp)", ""
+        ENTRY   NeedsADeepStack, "movb $0, -4096(%rsp)", ""
         ENTRY   WritesToTheLibrary, "movq goodVariantIndex(%rip), %rax; lock orl $0, (%rax)", ""
         ENTRY   NeedsANewerProcessor, "vpabsb %ymm0, %ymm0; vzeroupper", ""
 
