@@ -11,6 +11,7 @@
 #include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
+#include "tests/support/pixel_sums.h"
 #include "tests/support/stride.h"
 
 namespace {
@@ -84,56 +85,27 @@ void expectLikeOracle(const Conversion& c, const Picture& picture) {
   }
 }
 
-std::uint16_t wordOf(const Conversion& c, unsigned r, unsigned g, unsigned b) {
-  if (c.has("BGR555")) return static_cast<std::uint16_t>(r << 10 | g << 5 | b);
-  if (c.has("BGR565")) return static_cast<std::uint16_t>(r << 11 | g << 5 | b);
-  return static_cast<std::uint16_t>(b << 11 | g << 5 | r);
-}
-
-// Groups of pixels whose fields have every sum that n pixels can have. Neighbours are far apart.
-class AllSums {
- public:
-  explicit AllSums(const Conversion& c)
-      : conversion_(c),
-        shape_(groupOf(c)),
-        redSums_(31u * static_cast<unsigned>(shape_.size()) + 1),
-        greenSums_((c.has("555") ? 31u : 63u) * static_cast<unsigned>(shape_.size()) + 1) {}
-
-  std::uint32_t count() const { return redSums_ * greenSums_ * redSums_; }
-
-  // A picture in which each sum stands once, the first of them in group `shift` of its row.
-  Picture picture(int width, int shift) const {
-    const auto groupsInRow = static_cast<std::uint32_t>(width / shape_.columns);
-    const std::uint32_t rows = (count() + groupsInRow - 1) / groupsInRow;
-    Picture p = {width, static_cast<int>(rows) * shape_.rows, {}};
-    p.words.resize(static_cast<std::size_t>(p.width) * static_cast<std::size_t>(p.height));
-    for (std::uint32_t i = 0; i < rows * groupsInRow; ++i) {
-      // 48271 is prime and divides none of the counts, so the order is a permutation.
-      const auto sum = static_cast<std::uint32_t>(std::uint64_t{i % count()} * 48271u % count());
-      const std::uint32_t place =
-          i / groupsInRow * groupsInRow + (i + static_cast<std::uint32_t>(shift)) % groupsInRow;
-      put(p, static_cast<int>(place / groupsInRow) * shape_.rows,
-          static_cast<int>(place % groupsInRow) * shape_.columns, sum);
+// A picture in which each sum of a chroma group stands once, the first of them in group `shift` of
+// its row.
+Picture pictureOfAllSums(const Conversion& c, int width, int shift) {
+  const GroupShape shape = groupOf(c);
+  const PixelSums sums(formatOf(c.name), static_cast<unsigned>(shape.size()));
+  const auto groupsInRow = static_cast<std::uint32_t>(width / shape.columns);
+  const std::uint32_t rows = (sums.count() + groupsInRow - 1) / groupsInRow;
+  Picture p = {width, static_cast<int>(rows) * shape.rows, {}};
+  p.words.resize(static_cast<std::size_t>(p.width) * static_cast<std::size_t>(p.height));
+  for (std::uint32_t i = 0; i < rows * groupsInRow; ++i) {
+    const auto row = static_cast<int>(i / groupsInRow) * shape.rows,
+               column = static_cast<int>((i + static_cast<std::uint32_t>(shift)) % groupsInRow) *
+                        shape.columns;
+    int pixel = 0;
+    for (const std::uint16_t word : sums.pixels(i)) {
+      p.at(row + pixel / shape.columns, column + pixel % shape.columns) = word;
+      ++pixel;
     }
-    return p;
   }
-
- private:
-  // The pixels of a group are as equal as the sums allow.
-  void put(Picture& p, int row, int column, std::uint32_t sum) const {
-    const auto n = static_cast<unsigned>(shape_.size());
-    const unsigned r = sum % redSums_, b = sum / redSums_ % redSums_, g = sum / redSums_ / redSums_;
-    const auto share = [n](unsigned s, unsigned i) { return (s + i) / n; };
-    for (unsigned i = 0; i < n; ++i)
-      p.at(row + static_cast<int>(i) / shape_.columns,
-           column + static_cast<int>(i) % shape_.columns) =
-          wordOf(conversion_, share(r, i), share(g, i), share(b, n - 1 - i));
-  }
-
-  const Conversion& conversion_;
-  GroupShape shape_;
-  std::uint32_t redSums_, greenSums_;
-};
+  return p;
+}
 
 class EncodeExhaustive : public testing::TestWithParam<Conversion> {};
 
@@ -163,15 +135,15 @@ TEST_P(EncodeExhaustive, AllPixelsThroughTheTails) {
 
 // Blocks make at most eight groups at once.
 TEST_P(EncodeExhaustive, AllSumsAtEveryPlaceOfABlock) {
-  const AllSums sums(GetParam());
   for (int shift = 0; shift < 8; shift += testStride())
-    ASSERT_NO_FATAL_FAILURE(expectLikeOracle(GetParam(), sums.picture(4096, shift))) << shift;
+    ASSERT_NO_FATAL_FAILURE(expectLikeOracle(GetParam(), pictureOfAllSums(GetParam(), 4096, shift)))
+        << shift;
 }
 
 // Two columns are no block. 4:1:1 takes no less than four, which are one.
 TEST_P(EncodeExhaustive, AllSumsThroughTheTail) {
   if (GetParam().has("411")) GTEST_SKIP() << "has no tail of groups";
-  ASSERT_NO_FATAL_FAILURE(expectLikeOracle(GetParam(), AllSums(GetParam()).picture(2, 0)));
+  ASSERT_NO_FATAL_FAILURE(expectLikeOracle(GetParam(), pictureOfAllSums(GetParam(), 2, 0)));
 }
 
 INSTANTIATE_TEST_SUITE_P(, EncodeExhaustive, testing::ValuesIn(conversionsOf(Kind::Encode)),
