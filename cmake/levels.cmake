@@ -54,6 +54,7 @@ function(pxm_add_objects name)
   add_library(${name} OBJECT ${ARGN})
   target_compile_features(${name} PRIVATE cxx_std_20)
   target_compile_options(${name} PRIVATE ${PXM_RELEASE_FLAGS} ${PXM_CODE_FLAGS} ${PXM_SANITIZER_FLAGS})
+  target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${PXM_COVERAGE_FLAGS}>)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   set_target_properties(${name} PROPERTIES
     CXX_EXTENSIONS OFF

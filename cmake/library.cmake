@@ -8,6 +8,7 @@ list(TRANSFORM pxm_object_libraries REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPU
 add_library(pxm_core INTERFACE)
 target_sources(pxm_core INTERFACE ${pxm_objects})
 target_include_directories(pxm_core INTERFACE ${PROJECT_SOURCE_DIR})
+target_link_options(pxm_core INTERFACE ${PXM_COVERAGE_FLAGS})
 
 set(pxm_static OFF)
 if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "catalogue/variants.h"
+#include "tests/support/least_size.h"
 #include "tests/support/memory.h"
 
 namespace {

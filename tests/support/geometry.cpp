@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/geometry.h"
 
-#include "tests/oracle/oracle.h"
-
 std::vector<Layout> layoutsOf(const Conversion& conversion, int width, int height) {
   struct Pitch {
     int padding;
@@ -21,13 +19,4 @@ std::vector<Layout> layoutsOf(const Conversion& conversion, int width, int heigh
             layouts.push_back({width, height, src.padding, dst.padding, src.upwards, dst.upwards,
                                side, distance});
   return layouts;
-}
-
-pxmSize leastSize(const Conversion& conversion) {
-  pxmSize least = {1, 1};
-  for (const oracle::Check& check : oracle::checksOf(conversion.name)) {
-    if (check.argument == oracle::Argument::Width) least.width = check.minimum;
-    if (check.argument == oracle::Argument::Height) least.height = check.minimum;
-  }
-  return least;
 }

@@ -13,7 +13,4 @@ inline constexpr int mostPadding = 37;  // bytes, of all layouts
 // the memory and odd addresses, for one size. The twist takes no pitch upwards.
 std::vector<Layout> layoutsOf(const Conversion& conversion, int width, int height);
 
-// The least size that a conversion takes.
-pxmSize leastSize(const Conversion& conversion);
-
 #endif
