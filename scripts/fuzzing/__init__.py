@@ -1,0 +1,2 @@
+# SPDX-License-Identifier: MIT
+"""What is fuzzed, and by which fuzzers."""
