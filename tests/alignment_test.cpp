@@ -15,7 +15,7 @@
 #include "catalogue/variants.h"
 #include "tests/support/by_oracle.h"
 #include "tests/support/cases.h"
-#include "tests/support/geometry.h"
+#include "tests/support/least_size.h"
 #include "tests/support/placed_arrays.h"
 #include "tests/support/stride.h"
 

@@ -9,6 +9,7 @@
 #include "catalogue/variants.h"
 #include "tests/support/cases.h"
 #include "tests/support/geometry.h"
+#include "tests/support/least_size.h"
 #include "tests/support/memory.h"
 #include "tests/support/stride.h"
 

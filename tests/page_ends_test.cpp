@@ -14,6 +14,7 @@
 #include "tests/support/geometry.h"
 #include "tests/support/guarded.h"
 #include "tests/support/images.h"
+#include "tests/support/least_size.h"
 #include "tests/support/pages.h"
 #include "tests/support/placed_arrays.h"
 

@@ -12,6 +12,7 @@
 #include "catalogue/variants.h"
 #include "tests/support/by_oracle.h"
 #include "tests/support/geometry.h"
+#include "tests/support/least_size.h"
 #include "tests/support/memory.h"
 #include "tests/support/pages.h"
 #include "tests/support/random.h"

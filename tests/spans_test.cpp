@@ -17,7 +17,7 @@
 #include "catalogue/variants.h"
 #include "tests/support/by_oracle.h"
 #include "tests/support/cases.h"
-#include "tests/support/geometry.h"
+#include "tests/support/least_size.h"
 #include "tests/support/random.h"
 #include "tests/support/sparse_range.h"
 
