@@ -12,11 +12,14 @@
 #include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
+#include "tests/support/cases.h"
 #include "tests/support/stride.h"
 
 namespace {
 
 constexpr std::uint32_t tripleCount = 1u << 24;
+
+Cases& cases = casesOf("pixels compared with the oracle");
 
 // How luma and chroma of a source belong together.
 struct Sharing {
@@ -140,6 +143,7 @@ class DecodeExhaustive : public testing::TestWithParam<Conversion> {
       }
       const SelectedVariant selected(variant);
       ASSERT_EQ(c.call(a), pxmStatusOk);
+      cases += tripleCount;
       if (pixels == want) continue;
       for (std::size_t i = 0; i < tripleCount; ++i)
         ASSERT_EQ(pixels[i], want[i])

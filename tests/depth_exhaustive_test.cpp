@@ -12,9 +12,12 @@
 #include "catalogue/conversions.h"
 #include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
+#include "tests/support/cases.h"
 #include "tests/support/stride.h"
 
 namespace {
+
+Cases& cases = casesOf("pixels compared with the oracle");
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -72,6 +75,7 @@ class DepthExhaustive : public testing::TestWithParam<Conversion> {
       Bytes got(p.expected.size(), 0x5A);
       a.dst[0] = got.data();
       ASSERT_EQ(GetParam().call(a), pxmStatusOk);
+      cases += static_cast<unsigned long>(width) * static_cast<unsigned long>(height);
       const auto written = static_cast<std::ptrdiff_t>(p.to) * width * height;
       ASSERT_TRUE(std::equal(got.begin(), got.begin() + written, p.expected.begin()))
           << variantTags[variant] << " width " << width;

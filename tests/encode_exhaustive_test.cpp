@@ -11,10 +11,13 @@
 #include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
+#include "tests/support/cases.h"
 #include "tests/support/pixel_sums.h"
 #include "tests/support/stride.h"
 
 namespace {
+
+Cases& cases = casesOf("pixels compared with the oracle");
 
 using Words = std::vector<std::uint16_t>;
 using Bytes = std::vector<std::uint8_t>;
@@ -75,6 +78,7 @@ void expectLikeOracle(const Conversion& c, const Picture& picture) {
     const SelectedVariant selected(variant);
     const Encoded got =
         encodedBy(c, picture, [&](const CallArguments& a) { EXPECT_GE(c.call(a), 0); });
+    cases += picture.words.size();
     for (int plane = 0; plane < 3; ++plane) {
       const Bytes &have = got.planes[plane], &want = expected.planes[plane];
       if (have == want) continue;

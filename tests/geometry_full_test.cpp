@@ -9,12 +9,15 @@
 #include <string>
 
 #include "catalogue/variants.h"
+#include "tests/support/cases.h"
 #include "tests/support/geometry.h"
 #include "tests/support/least_size.h"
 #include "tests/support/memory.h"
 #include "tests/support/stride.h"
 
 namespace {
+
+Cases& cases = casesOf("calls between guard pages");
 
 constexpr int mostWidth = 80, mostHeight = 8;
 
@@ -76,6 +79,7 @@ TEST_P(GeometryFull, WidthsTo80ByHeightsTo8InEveryLayout) {
           if (turn++ % testStride() == 0) {
             ASSERT_TRUE(memory.matchesOracle(conversion, variant, layout, random));
             ++count.calls;
+            ++cases;
           }
 }
 

@@ -15,10 +15,13 @@
 #include "catalogue/variants.h"
 #include "tests/oracle/oracle.h"
 #include "tests/support/by_oracle.h"
+#include "tests/support/cases.h"
 #include "tests/support/random.h"
 #include "tests/support/stride.h"
 
 namespace {
+
+Cases& cases = casesOf("pixels compared with the oracle");
 
 constexpr int side = 4096;
 constexpr std::size_t tripleCount = std::size_t{side} * side;
@@ -127,6 +130,7 @@ class TwistExhaustive : public testing::TestWithParam<Conversion> {
 
   const Bytes& got(const NamedMatrix& matrix, int variant) {
     const SelectedVariant selected(variant);
+    cases += std::size_t{side} * side;
     return converted(matrix, [](const CallArguments& a) { GetParam().call(a); });
   }
 

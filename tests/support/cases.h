@@ -16,6 +16,7 @@ struct Cases : testing::Environment {
 
   explicit Cases(const char* whatIsCounted) : what(whatIsCounted) {}
   void operator++() { ++count; }
+  void operator+=(unsigned long more) { count += more; }
   void TearDown() override {
     if (count == 0) return;
     std::printf("cases: %lu %s\n", count, what);
