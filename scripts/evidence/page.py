@@ -29,7 +29,7 @@ def time_of(seconds: float) -> str:
 
 
 def row(part: Part, result: Result | None) -> str:
-    claim = f"[{part.claim}](#{part.name})"
+    claim = f"[{part.claim}](evidence.md#{part.name})"
     if result is None:
         return f"| {claim} | not run | | | | | |\n"
     cases = ", ".join(f"{number:,} {what}" for number, what in result.cases)
