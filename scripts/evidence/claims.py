@@ -85,26 +85,30 @@ PARTS: tuple[Part, ...] = (
                "written is: under MemorySanitizer",
          command=("scripts/check-memory", "msan"), compilers=("clang++",),
          inputs=("catalogue", "tests/memory", "tests/oracle", "scripts/check-memory"),
-         able="planted faults are part of the command, and have to be reported.",
+         able="marks that are wrong by one byte, three ways for every conversion, variant and "
+              "plane: all are found, 460 of them only because every call is made twice, with other "
+              "bytes outside; of products MemorySanitizer follows the low bits alone.",
          found="nothing."),
     Part(name="tsan", minutes=12,
          claim="First calls of 64 threads at once race for nothing: under ThreadSanitizer, and in "
                "fresh loads of the shared object",
          command=("scripts/check-memory", "tsan"), compilers=("clang++",),
          inputs=("catalogue", "tests/memory", "scripts/check-memory"),
-         able="a plain store in place of the atomic one has to be reported.", found="nothing."),
+         able="the same program with plain stores in start-up has to be reported. Stubs are "
+              "assembly, which it does not see: one aligned load each.", found="nothing."),
     Part(name="memcheck", minutes=10,
          claim="valgrind's memcheck finds no fault in geometry tests and calls on marked memory",
          command=("scripts/check-memory", "valgrind"), compilers=("g++",),
          inputs=(*TESTS, "tests/memory", "scripts/check-memory"),
-         able="planted faults are part of the command, and have to be reported.",
-         found="nothing."),
+         able="the planted faults of msan, all found.",
+         found="nothing in the library; of memcheck, that it takes halves of pmaddwd for "
+               "undefined where one half is: so it is not asked about chroma of 4:1:1 in SIMD."),
     Part(name="coverage", minutes=6,
          claim="Every line and branch of the library runs in the fast tests, but for those with a "
                "reason",
          command=("scripts/coverage",), compilers=("clang++",),
          inputs=("catalogue", "tests", "scripts/coverage"),
-         able="a reason that is not needed, or a line that needs one, is a failure.",
+         able="a reason that is not needed is a failure, and so is a line that needs one.",
          found="no line without a test. The table is [coverage.md](coverage.md)."),
     Part(name="geometry", minutes=15,
          claim="Nothing is read or written beyond what is documented: every conversion in every "
