@@ -4,6 +4,7 @@ and what each object was made from."""
 
 import json
 import os
+import re
 import shlex
 import shutil
 import subprocess
@@ -41,12 +42,13 @@ class BaseBuild:
     def __init__(self, source: Path, build: Path) -> None:
         self.source, self.build = source, build
 
-    def make(self, jobs: int) -> None:
+    def make(self, jobs: int, with_long_tests: bool) -> None:
         if not (self.build / "build.ninja").is_file():
             self._run("cmake", "--preset", "gcc", "-G", "Ninja", "-S", str(self.source),
                       "-B", str(self.build))
         self._run("ninja", "-C", str(self.build), f"-j{jobs}", "pxmcc90lgc",
-                  *(f"tests/{name}" for name in self.programs))
+                  *(f"tests/{name}" for name in self.programs
+                    if with_long_tests or name in self.fast_programs))
 
     def _run(self, *command: str) -> str:
         finished = subprocess.run(command, cwd=self.source, text=True, capture_output=True)
@@ -88,6 +90,17 @@ class BaseBuild:
         return sorted(edge["output"].removeprefix("tests/") for edge in self._edges
                       if edge["output"].startswith("tests/")
                       and edge["output"].endswith("_test") and edge["output"].count("/") == 1)
+
+    @cached_property
+    def fast_programs(self) -> set[str]:
+        """Those of the label `fast`."""
+        text = (self.source / "tests/CMakeLists.txt").read_text("ascii")
+        return set(re.findall(r"^ *pxm_add_test\((\w+) fast\b", text, re.MULTILINE))
+
+    def loads_library(self, program: str) -> bool:
+        """Whether a program of tests knows the shared library by its name."""
+        return any("PXM_LIBRARY=" in word for name, unit in self.units.items()
+                   if name.startswith(f"tests/CMakeFiles/{program}.dir/") for word in unit.words)
 
     def words_of(self, program: str) -> list[str]:
         return self._links(f"tests/{program}")[f"tests/{program}"]

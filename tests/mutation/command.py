@@ -65,8 +65,8 @@ class Run:
 
     def go(self, mutants: list[Mutant]) -> None:
         copy_sources(ROOT, self.base.source)
-        self.base.make(self.options.jobs)
-        for name in ("units", "library_words", "made_from", "tests", "programs"):
+        self.base.make(self.options.jobs, self.options.long)
+        for name in ("units", "library_words", "made_from", "tests", "programs", "fast_programs"):
             getattr(self.base, name)
         outcome = Judge(self.base, self.folder / "place-0", self.options.seed).unmutated()
         if outcome:
@@ -102,6 +102,9 @@ class Run:
         return again or not self.options.count or self.judged() < self.options.count
 
     def _note(self, mutant: Mutant, verdict: Verdict) -> None:
+        before = self.results.found.get(mutant.identity)
+        if before and not verdict.places:
+            verdict.places = before.verdict.places
         self.results.add(mutant, verdict)
         by = f" by {verdict.test} ({verdict.how}, {verdict.place})" if verdict.test else ""
         print(f"{self.judged()} {mutant.file}:{mutant.line} {mutant.operator}: "

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """What becomes of one mutant."""
 
+import hashlib
 import resource
 from collections.abc import Callable, Iterator
 from dataclasses import dataclass, field
@@ -10,6 +11,7 @@ from mutation.base_build import BaseBuild
 from mutation.mutants import Mutant
 from mutation.outside import Outside
 from mutation.places import Place, Places
+from mutation.sanitized import Sanitized
 from mutation.sources import TestsOfSources
 from mutation.suite import Outcome, Suite
 from mutation.workplace import KERNEL_LISTS, DoesNotCompile, StaticAssertion, Workplace
@@ -58,20 +60,28 @@ class Judge:
         self.suite = Suite(base, is_long=False)
         self.long_suite = Suite(base, is_long=True)
         self.outside = Outside(base, self.workplace)
+        self.sanitized = Sanitized(base, self.workplace, self.suite)
         self.sources = TestsOfSources(base, self.workplace, self.suite)
 
     def unmutated(self) -> Outcome | None:
         """What would make every mutant look noticed."""
-        program = self.workplace.folder / "suite"
+        program = self.workplace.folder / self.suite.name
         self.workplace.link(self.suite.words, program, {})
+        digest = hashlib.sha256(program.read_bytes()).hexdigest()
+        seen = self.workplace.folder.parent / "unmutated"
+        if seen.is_file() and seen.read_text("ascii") == digest:
+            return None
         outcome = self.suite.run(self.workplace, program, "frame", "", self.seed)
         for tag, (level, _) in self.places.variants.items():
             kernels = f"CMakeFiles/kernels_{level}.dir/decode/kernels.cpp.o"
             made = self.workplace.compile(kernels, fewer=True)
             self.workplace.link(self.suite.words, program, {}, [made])
             outcome = outcome or self.suite.run(self.workplace, program, "decode", tag, self.seed)
-        return outcome or self.outside.test([]) \
+        outcome = outcome or self.outside.test([]) \
             or self.sources.test("vector/scratch.inl", self.seed)
+        if outcome is None:
+            seen.write_text(digest, "ascii")
+        return outcome
 
     def judge(self, mutant: Mutant) -> Verdict:
         started = child_seconds()
@@ -80,7 +90,7 @@ class Judge:
         return verdict
 
     def judge_longer(self, mutant: Mutant) -> Verdict:
-        """For one that survived: the long tests at each place."""
+        """For one that survived: the long tests of each kind, at the first place that differs."""
         started = child_seconds()
         verdict = self._with(mutant, self._longer)
         verdict.seconds = round(child_seconds() - started, 2)
@@ -125,29 +135,37 @@ class Judge:
         outcome = self.outside.test(survived)
         if outcome:
             return Verdict(KILLED, "fast", "library", outcome.test, outcome.how)
+        for changed in survived:
+            outcome = self.sanitized.test(changed.place, self.seed)
+            if outcome:
+                return Verdict(KILLED, "sanitizers", changed.name, outcome.test, outcome.how)
         return Verdict(SURVIVED, places=[changed.name for changed in survived])
 
     def _changes(self, mutant: Mutant, places: list[Place]) -> Iterator[tuple[Changed, bool]]:
         """Where the code differs: kernels of fewer rows, which say most of it in a third of the
         time, and whole ones once such have changed and not been noticed."""
-        touched = [place for place in places
-                   if any(self.workplace.is_touched(unit) for unit in _units(place))]
-        has_fewer = bool(touched) and f"{touched[0].kind}/kernels.def" in KERNEL_LISTS \
+        has_fewer = f"{places[0].kind}/kernels.def" in KERNEL_LISTS \
             and mutant.file not in KERNEL_LISTS
-        for place in touched if has_fewer else []:
+        for place in places if has_fewer else []:
             changed = self._changed(mutant, place, fewer=True)
             if changed:
                 yield changed, False
                 break
         else:
             # Where fewer rows are the same at each level, the whole list at one says enough.
-            touched = touched[:1] if has_fewer else touched
-        for place in touched:
+            touched = [place for place in places if self._is_touched(place)]
+            places = touched[:1] if has_fewer else touched
+        for place in places:
             changed = self._changed(mutant, place, fewer=False)
             if changed:
                 yield changed, True
 
+    def _is_touched(self, place: Place) -> bool:
+        return any(self.workplace.is_touched(unit) for unit in _units(place))
+
     def _changed(self, mutant: Mutant, place: Place, fewer: bool) -> Changed | None:
+        if not self._is_touched(place):
+            return None
         objects = {}
         is_same = True
         for unit in _units(place):
@@ -174,7 +192,7 @@ class Judge:
         return kept.read_bytes()
 
     def _test(self, changed: Changed, is_whole: bool) -> Outcome | None:
-        program = self.workplace.folder / "suite"
+        program = self.workplace.folder / self.suite.name
         if is_whole:
             self.workplace.link(self.suite.words, program, changed.objects)
         else:
@@ -186,7 +204,7 @@ class Judge:
 
     def _longer(self, mutant: Mutant, places: dict[str, list[Place]]) -> Verdict:
         names = []
-        program = self.workplace.folder / "long_suite"
+        program = self.workplace.folder / self.long_suite.name
         for some in places.values():
             for place in some:
                 changed = self._changed(mutant, place, fewer=False)
@@ -198,7 +216,8 @@ class Judge:
                                               self.seed)
                 if outcome:
                     return Verdict(KILLED, "long", changed.name, outcome.test, outcome.how)
-        return Verdict(SURVIVED, "long", places=names)
+                break
+        return Verdict(SURVIVED, "long", ", ".join(names))
 
 
 def _units(place: Place) -> list[str]:

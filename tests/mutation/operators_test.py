@@ -66,6 +66,8 @@ class Operators(unittest.TestCase):
         self.assertEqual(made("operands", "f(a, g(b, c));"), ["f(g(b, c), a);", "f(a, g(c, b));"])
         self.assertEqual(made("operands", "int f(int a, const T& b) {"), [])
         self.assertEqual(made("operands", "f(a, a);"), [])
+        self.assertEqual(made("operands", "_mm_madd_epi16(a, b);"), [])
+        self.assertEqual(len(made("operands", "_mm_packs_epi16(a, b);")), 1)
 
     def test_checks(self) -> None:
         self.assertEqual(made("checks", "Check::Src, Check::Dst, Check::Width"),

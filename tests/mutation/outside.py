@@ -5,7 +5,7 @@ import re
 from typing import TYPE_CHECKING
 
 from mutation.base_build import BaseBuild
-from mutation.suite import APART, Outcome, outcome_of
+from mutation.suite import Outcome, outcome_of
 from mutation.workplace import Workplace
 
 if TYPE_CHECKING:
@@ -23,7 +23,7 @@ class Outside:
         self.workplace.link(self.base.library_words, self.workplace.library,
                             {unit: path for changed in changes
                              for unit, path in changed.objects.items()})
-        for name in APART:
+        for name in filter(self.base.loads_library, self.base.programs):
             outcome = outcome_of(self.workplace.run(self._program(name), 60))
             if outcome:
                 return outcome

@@ -9,7 +9,7 @@ from dataclasses import dataclass
 from mutation.judge import JUDGED, KILLED, STATIC_ASSERTION
 from mutation.results import Result
 
-COLUMNS = ("fast tests", "static assertions", "long tests", "equivalent", "survived")
+COLUMNS = ("fast tests", "static assertions", "sanitizers", "long tests", "equivalent", "survived")
 
 
 @dataclass(frozen=True)
@@ -27,7 +27,7 @@ def column_of(result: Result, reasons: dict[str, str]) -> str:
     if verdict.verdict == STATIC_ASSERTION:
         return "static assertions"
     if verdict.verdict == KILLED:
-        return "long tests" if verdict.stage == "long" else "fast tests"
+        return {"long": "long tests", "sanitizers": "sanitizers"}.get(verdict.stage, "fast tests")
     return "equivalent" if result.identity in reasons else "survived"
 
 
@@ -60,7 +60,8 @@ def _listed(results: list[Result], reasons: dict[str, str]) -> list[str]:
         lines += [f"`{result.file}:{result.line}`, {result.operator}"
                   + (f": {reasons[result.identity]}" if result.identity in reasons else
                      f"; tried in {', '.join(result.verdict.places)}"
-                     + (", by the long tests too" if result.verdict.stage == "long" else "")),
+                     + (f", by the long tests in {result.verdict.place}"
+                        if result.verdict.stage == "long" else "")),
                   "", "```diff", f"- {result.original}", f"+ {result.changed}", "```", ""]
     return lines
 
@@ -81,7 +82,10 @@ def page(found: Iterable[Result], reasons: dict[str, str], where: Circumstances)
         "`scripts/mutate` changes the library's sources one place at a time and says which test",
         "notices. A mutant counts if it compiles and the code of some object differs from that of",
         "the library. It is tried where its code differs, level by level, and ends with the first",
-        "test that fails, crashes or does not end; what survives has been through all of them.", "",
+        "test that fails, crashes or does not end. What survives has been through the tests of the",
+        "objects, those that compile the changed source themselves, those of the shared library and",
+        "its audits, and through the tests of its objects under sanitizers of address and undefined",
+        "behaviour.", "",
         f"- Sources of commit {where.commit}, compiled by {where.compiler}.",
         f"- {where.all_mutants} mutants are possible; {len(everything)} were drawn evenly over "
         f"files and operators, with seed {where.seed}.",

@@ -106,23 +106,24 @@ class Report(unittest.TestCase):
             results = Results(Path(folder) / "results")
             verdicts = [Verdict(KILLED, "fast", "decode mx", "A.B", "fails"),
                         Verdict(KILLED, "long", "decode mx", "C.D", "fails"),
+                        Verdict(KILLED, "sanitizers", "decode mx", "E.F", "fails"),
                         Verdict(STATIC_ASSERTION), Verdict(SAME_CODE),
                         Verdict(SURVIVED, places=["decode mx"]),
                         Verdict(SURVIVED, places=["decode m7"])]
             made = mutants()[:len(verdicts)]
             for mutant, verdict in zip(made, verdicts):
                 results.add(mutant, verdict)
-            reasons = {made[4].identity: "Nobody reads it."}
+            reasons = {made[5].identity: "Nobody reads it."}
             where = report.Circumstances("1234567", "a compiler", 5, 99)
             page = report.page(results.found.values(), reasons, where)
-            self.assertIn("| all | 5 | 1 | 1 | 1 | 1 | 1 |", page)
-            self.assertIn("**5 were judged**: 3 were noticed, 1 are equivalent, 1 survived", page)
+            self.assertIn("| all | 6 | 1 | 1 | 1 | 1 | 1 | 1 |", page)
+            self.assertIn("**6 were judged**: 4 were noticed, 1 are equivalent, 1 survived", page)
             survivors, equivalents = page.split("## Survivors")[1].split("## Equivalent")
-            self.assertIn(f"+ {made[5].changed}\n", survivors)
+            self.assertIn(f"+ {made[6].changed}\n", survivors)
             self.assertIn("Nobody reads it.", equivalents)
-            self.assertTrue(page.endswith("cases: 5 mutants\nseed: 5\n"))
+            self.assertTrue(page.endswith("cases: 6 mutants\nseed: 5\n"))
             table = report.table(results.found.values(), reasons).splitlines()
-            self.assertEqual(len(table), 1 + 5)
+            self.assertEqual(len(table), 1 + 6)
 
 
 class OutputOfTests(unittest.TestCase):

@@ -14,6 +14,11 @@ KEPT = {"using", "template", "struct", "class", "enum", "namespace", "constexpr"
         "friend", "case", "default", "else", "union", "int", "auto", "PXM_INLINE", "PXM_SHARED"}
 
 
+# Calls whose operands may be exchanged.
+COMMUTATIVE = re.compile(r"_mm(256)?_(adds?|m?add|mul(lo|hi|hrs)?|and|or|xor|avg|cmpeq)_\w+"
+                         r"|_mm(256)?_(min|max)_ep\w+|LaneMulHiU?|average")
+
+
 def _condition(source: SourceText, opener: int) -> Edit | None:
     """The negation of what stands in brackets, after the declaration that may stand first."""
     closer = source.partners.get(opener)
@@ -148,6 +153,8 @@ def operands(source: SourceText) -> Iterator[Edit]:
 
 
 def _neighbours(source: SourceText, opener: int) -> Iterator[Edit]:
+    if opener and COMMUTATIVE.fullmatch(source.tokens[opener - 1].text):
+        return
     closer = source.partners[opener]
     pieces = []
     first = i = opener + 1

@@ -13,8 +13,7 @@ from mutation.workplace import Finished, Workplace
 
 QUICKEST_FIRST = ("examples_test", "frame_test", "encode_test", "twist_test", "callers_test",
                   "depth_test", "decode_test", "geometry_test")
-APART = ("shared_object_test", "traces_test")  # they load the library; `outside.py`
-ORACLE = ("oracle_test",)                      # sees nothing of the library
+ORACLE = "oracle_test"  # sees nothing of the library
 MACROS = {"DECODE": "decode", "ENCODE": "encode", "DEPTH": "depth", "TWIST": "twist"}
 # Suites that concern one kind without a conversion's name, and those that see no object: they
 # compile the library's sources themselves.
@@ -52,8 +51,8 @@ class Suite:
     def __init__(self, base: BaseBuild, is_long: bool) -> None:
         self.base = base
         programs = [name for name in base.programs
-                    if is_long == bool(re.search("exhaustive|full", name))
-                    and name not in APART + ORACLE]
+                    if is_long != (name in base.fast_programs)
+                    and name != ORACLE and not base.loads_library(name)]
         self.programs = sorted(programs, key=lambda name: (
             QUICKEST_FIRST.index(name) if name in QUICKEST_FIRST else len(QUICKEST_FIRST), name))
         self.name = "long_suite" if is_long else "suite"

@@ -8,7 +8,7 @@ import resource
 import shutil
 import signal
 import subprocess
-from collections.abc import Iterable
+from collections.abc import Iterable, Sequence
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -76,7 +76,9 @@ class Workplace:
                 process.wait()
         return Finished(status, log.read_bytes().decode("utf-8", "replace"))
 
-    def _words(self, unit: str, output: Path, fewer: bool) -> list[str]:
+    def _words(self, unit: str, output: Path, fewer: bool,
+               source: Path | None = None) -> list[str]:
+        source = source or self.source
         words: list[str] = []
         skip = False
         for word in self.base.units[unit].words:
@@ -88,12 +90,13 @@ class Workplace:
             elif word == f"-I{self.base.source}":
                 if fewer:
                     words.append(f"-I{self.fewer}")
-                word = f"-I{self.source}"
+                word = f"-I{source}"
             elif word.startswith(f"{self.base.source}/"):
-                word = word.replace(str(self.base.source), str(self.source))
+                word = word.replace(str(self.base.source), str(source))
             words.append(re.sub(rf"{re.escape(str(self.base.build))}/libpxmcc90lgc\.so[.\d]*",
                                 str(self.library), word))
-        return [*words, "-w"]
+        # The one warning of the project's that tells a program without meaning from a bad style.
+        return [*words, "-Werror=return-type"]
 
     @property
     def library(self) -> Path:
@@ -112,12 +115,14 @@ class Workplace:
             if unit not in self._preprocessed:
                 self.is_touched(unit)
 
-    def compile(self, unit: str, fewer: bool = False) -> Path:
-        """The object of a unit as the sources of this place make it."""
-        output = self.folder / "objects" / ("fewer" if fewer else "whole") / unit
+    def compile(self, unit: str, fewer: bool = False, extra: Sequence[str] = (),
+                source: Path | None = None) -> Path:
+        """The object of a unit as the sources of this place make it, or other ones."""
+        kind = "fewer" if fewer else "extra" if extra else "whole"
+        output = self.folder / "objects" / kind / unit
         output.parent.mkdir(parents=True, exist_ok=True)
         output.unlink(missing_ok=True)
-        finished = self.run(self._words(unit, output, fewer), 180)
+        finished = self.run([*self._words(unit, output, fewer, source), *extra], 180)
         if finished.status:
             if re.search(r"static assertion failed", finished.output):
                 raise StaticAssertion(finished.output)
