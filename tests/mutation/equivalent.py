@@ -37,7 +37,8 @@ def parse(text: str) -> list[Equivalent]:
     `+ ` what becomes of it and `= ` why nobody can tell."""
     found = []
     for paragraph in text.strip().split("\n\n"):
-        lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
+        lines = [f"{line} " if line == "+" else line for line in paragraph.splitlines()
+                 if not line.startswith("#")]
         if not lines:
             continue
         if len(lines) != 4 or [line[:2] for line in lines[1:]] != ["- ", "+ ", "= "] \

@@ -139,7 +139,7 @@ class Judge:
             outcome = self.sanitized.test(changed.place, self.seed)
             if outcome:
                 return Verdict(KILLED, "sanitizers", changed.name, outcome.test, outcome.how)
-        return Verdict(SURVIVED, places=[changed.name for changed in survived])
+        return Verdict(SURVIVED, "sanitizers", places=[changed.name for changed in survived])
 
     def _changes(self, mutant: Mutant, places: list[Place]) -> Iterator[tuple[Changed, bool]]:
         """Where the code differs: kernels of fewer rows, which say most of it in a third of the

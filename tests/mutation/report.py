@@ -56,13 +56,14 @@ def _table(title: str, results: Iterable[Result], group: Callable[[Result], str]
 
 def _listed(results: list[Result], reasons: dict[str, str]) -> list[str]:
     lines = []
+    further = {"sanitizers": ", under sanitizers too",
+               "long": ", under sanitizers and by the long tests too"}
     for result in results:
         lines += [f"`{result.file}:{result.line}`, {result.operator}"
-                  + (f": {reasons[result.identity]}" if result.identity in reasons else
-                     f"; tried in {', '.join(result.verdict.places)}"
-                     + (f", by the long tests in {result.verdict.place}"
-                        if result.verdict.stage == "long" else "")),
-                  "", "```diff", f"- {result.original}", f"+ {result.changed}", "```", ""]
+                  + f"; tried in {', '.join(result.verdict.places)}"
+                  + further.get(result.verdict.stage, "")
+                  + (f". {reasons[result.identity]}" if result.identity in reasons else "."),
+                  "", "```diff", f"- {result.original}", f"+ {result.changed}".rstrip(), "```", ""]
     return lines
 
 
@@ -82,13 +83,13 @@ def page(found: Iterable[Result], reasons: dict[str, str], where: Circumstances)
         "`scripts/mutate` changes the library's sources one place at a time and says which test",
         "notices. A mutant counts if it compiles and the code of some object differs from that of",
         "the library. It is tried where its code differs, level by level, and ends with the first",
-        "test that fails, crashes or does not end. What survives has been through the tests of the",
-        "objects, those that compile the changed source themselves, those of the shared library and",
-        "its audits, and through the tests of its objects under sanitizers of address and undefined",
-        "behaviour.", "",
+        "test that fails, crashes or does not end. What survives has been through the tests of",
+        "objects, those that compile the changed source themselves, and those of the shared",
+        "library with its audits; where it is said, also through those of objects that are",
+        "compiled with the sanitizers of address and undefined behaviour, and the long ones.", "",
         f"- Sources of commit {where.commit}, compiled by {where.compiler}.",
-        f"- {where.all_mutants} mutants are possible; {len(everything)} were drawn evenly over "
-        f"files and operators, with seed {where.seed}.",
+        f"- {where.all_mutants} mutants are possible; {len(everything)} were tried, in an order "
+        f"that is even over files and operators, with seed {where.seed}.",
         f"- {left_out['does not compile']} do not compile, {left_out['same code']} give the same "
         f"code; **{len(judged)} were judged**: {len(judged) - len(survived) - len(equivalent)} "
         f"were noticed, {len(equivalent)} are equivalent, {len(survived)} survived.",
@@ -111,7 +112,7 @@ def table(found: Iterable[Result], reasons: dict[str, str]) -> str:
     for result in sorted(found, key=lambda r: (r.file, r.line, r.operator, r.changed)):
         if result.verdict.verdict in JUDGED:
             verdict = column_of(result, reasons)
-            lines.append("\t".join([result.file, str(result.line), result.operator,
-                                    *difference(result), verdict, result.verdict.place,
-                                    result.verdict.test]))
+            cells = [result.file, str(result.line), result.operator, *difference(result), verdict,
+                     result.verdict.place, result.verdict.test]
+            lines.append("\t".join(cell.strip() or "-" for cell in cells))
     return "\n".join(lines) + "\n"
