@@ -110,6 +110,14 @@ PARTS: tuple[Part, ...] = (
          inputs=("catalogue", "tests", "scripts/coverage"),
          able="a reason that is not needed is a failure, and so is a line that needs one.",
          found="no line without a test. The table is [coverage.md](coverage.md)."),
+    Part(name="mutations", minutes=60,
+         claim="1,000 changes of the library's sources, one at a time, are noticed by the tests, "
+               "or no caller can tell",
+         command=("scripts/mutate", "--count", "1000", "--jobs", "2", "--seconds", SECONDS),
+         inputs=("catalogue", "scripts/mutate", "tests"),
+         able="it is a proof of that kind itself; its parts have tests of their own.",
+         found="unwind information of the start-up road that no test read, and a float read behind "
+               "the matrix that only a sanitizer saw. The table is [mutations.md](mutations.md)."),
     Part(name="geometry", minutes=15,
          claim="Nothing is read or written beyond what is documented: every conversion in every "
                "level, widths to 80, heights to 8, all layouts, between guard pages",

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""docs/mutations.md and results.tsv, made from the results of a run."""
+"""docs/mutations.md and docs/mutations.tsv, made from the results of a run."""
 
 import os
 from collections import Counter
