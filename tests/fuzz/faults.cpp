@@ -65,7 +65,7 @@ pxmStatus useNoValue(const Conversion& conversion, const CallArguments& a) {
   if (status >= 0 && a.size.width % 8 == 3) {
     const volatile std::uint8_t* const after =
         a.src[0] + rowOf(a.size.height - 1, a.srcStep[0]) + 2 * a.size.width;
-    const int nothing = *after;
+    volatile int nothing = *after;
     std::uint8_t& last = a.dst[0][rowOf(a.size.height - 1, a.dstStep[0]) + a.size.width - 1];
     last = static_cast<std::uint8_t>(last + nothing - nothing);
   }
