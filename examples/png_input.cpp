@@ -7,7 +7,6 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstring>
-#include <vector>
 
 #include "failure.h"
 
@@ -108,8 +107,8 @@ struct PngReader {
   PngReader& operator=(const PngReader&) = delete;
 };
 
-// Whatever the picture is made of becomes three bytes a pixel.
-void setTransforms(png_structp png, png_infop info, ByteOrder order) {
+// Whatever the picture is made of becomes three bytes a pixel. Returns how often its rows are read.
+int setTransforms(png_structp png, png_infop info, ByteOrder order) {
   png_set_expand(png);
   png_set_scale_16(png);
   png_set_gray_to_rgb(png);
@@ -121,12 +120,21 @@ void setTransforms(png_structp png, png_infop info, ByteOrder order) {
   if (order == ByteOrder::kBgr) {
     png_set_bgr(png);
   }
-  png_set_interlace_handling(png);
+  const int passes = png_set_interlace_handling(png);
   png_read_update_info(png, info);
+  return passes;
 }
 
-// libpng leaves this function and the next with longjmp after an error, so no object in them has a
-// destructor.
+// Row by row: an array of all rows' addresses may be larger than the picture.
+void readPasses(png_structp png, int passes, const BytePicture& picture) {
+  for (int pass = 0; pass < passes; ++pass) {
+    for (int y = 0; y < picture.size.height; ++y) {
+      png_read_row(png, picture.bytes.get() + area(picture.step(), y), nullptr);
+    }
+  }
+}
+
+// libpng leaves these functions with longjmp after an error, so no object in them has a destructor.
 bool readInfo(PngReader& reader) {
   if (setjmp(png_jmpbuf(reader.png)) != 0) {
     return false;
@@ -140,12 +148,11 @@ bool readInfo(PngReader& reader) {
   return true;
 }
 
-bool readRows(PngReader& reader, ByteOrder order, png_bytepp rows) {
+bool readRows(PngReader& reader, ByteOrder order, const BytePicture& picture) {
   if (setjmp(png_jmpbuf(reader.png)) != 0) {
     return false;
   }
-  setTransforms(reader.png, reader.info, order);
-  png_read_image(reader.png, rows);
+  readPasses(reader.png, setTransforms(reader.png, reader.info, order), picture);
   png_read_end(reader.png, nullptr);
   return true;
 }
@@ -179,11 +186,7 @@ BytePicture readPng(const std::string& path, ByteOrder order) {
     source.fail();
   }
   BytePicture picture = emptyPicture(reader);
-  std::vector<png_bytep> rows;
-  for (int y = 0; y < picture.size.height; ++y) {
-    rows.push_back(picture.bytes.get() + area(picture.step(), y));
-  }
-  if (!readRows(reader, order, rows.data())) {
+  if (!readRows(reader, order, picture)) {
     source.fail();
   }
   return picture;

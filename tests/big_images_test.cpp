@@ -25,7 +25,7 @@ class BigImages : public testing::TestWithParam<Conversion> {
   void expectLikeOracle(pxmSize size) {
     SCOPED_TRACE(seedMessage());
     const Conversion& c = GetParam();
-    const std::vector<int> variants = inTurn(runnableVariants(), c.name);
+    const std::vector<int> variants = inTurn(runnableVariants(), c.name, 4);
     if (variants.empty()) return;
     Random random{std::string(c.name)};
     CallMemory memory(size.width + 2, size.height, 0);

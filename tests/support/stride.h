@@ -15,13 +15,15 @@ inline int testStride() {
   return text == nullptr ? 1 : std::max(1, std::atoi(text));
 }
 
-// About every n-th of some cases; other ones for each name.
+// About every n-th of some cases, or of those that take long every `cost` * n-th; other ones for each
+// name.
 template <typename Case>
-std::vector<Case> inTurn(const std::vector<Case>& all, std::string_view name) {
+std::vector<Case> inTurn(const std::vector<Case>& all, std::string_view name, int cost = 1) {
+  const int stride = testStride() == 1 ? 1 : testStride() * cost;
   std::size_t turn = std::hash<std::string_view>{}(name);
   std::vector<Case> some;
   for (const Case& each : all)
-    if (turn++ % static_cast<std::size_t>(testStride()) == 0) some.push_back(each);
+    if (turn++ % static_cast<std::size_t>(stride) == 0) some.push_back(each);
   return some;
 }
 
