@@ -15,8 +15,7 @@ inline int testStride() {
   return text == nullptr ? 1 : std::max(1, std::atoi(text));
 }
 
-// About every n-th of some cases, or of those that take long every `cost` * n-th; other ones for each
-// name.
+// About every n-th of some cases, or every (n * cost)-th of long ones; other ones for each name.
 template <typename Case>
 std::vector<Case> inTurn(const std::vector<Case>& all, std::string_view name, int cost = 1) {
   const int stride = testStride() == 1 ? 1 : testStride() * cost;
