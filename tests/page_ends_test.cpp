@@ -90,7 +90,7 @@ TEST(PageEndsList, EveryPlanarConversionAndEveryTwistTakesArrays) {
   }
 }
 
-#if GTEST_HAS_DEATH_TEST
+#ifndef _WIN32  // where the framework catches what a wrong address raises
 // A matrix that ends 4 bytes early, or begins 4 late, is read past the page; so is an array of
 // planes that has two.
 TEST(PageEndsDeathTest, AReadPastThePageIsSeen) {
