@@ -21,6 +21,8 @@ STATES = {"held": "held", "failed": "**failed**", "unfinished": "held so far"}
 
 
 def time_of(seconds: float) -> str:
+    if seconds < 10:
+        return f"{seconds:.1f} s"
     if seconds < 100:
         return f"{seconds:.0f} s"
     if seconds < 6000:
