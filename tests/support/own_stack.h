@@ -41,7 +41,12 @@ class OwnStack {
   }
 
  private:
-  static constexpr std::ptrdiff_t below = 1 << 13, above = 1 << 10;
+#ifdef __OPTIMIZE__
+  static constexpr std::ptrdiff_t below = 1 << 13;
+#else  // kernels that are not optimized need some 50 KiB
+  static constexpr std::ptrdiff_t below = 1 << 17;
+#endif
+  static constexpr std::ptrdiff_t above = 1 << 10;
   using Bytes = std::array<std::uint8_t, below + above>;
   alignas(64) Bytes memory_;
   Bytes painted_;
