@@ -3,6 +3,7 @@
 // ends in .inputs, many: each after the number of its bytes, in two bytes, the low one first.
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -20,7 +21,8 @@ long inputs = 0;
 
 // From a copy of its own, so that a sanitizer sees who reads beyond its end.
 void run(const char* begin, const char* end) {
-  const std::vector<std::uint8_t> bytes(begin, end);
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(end - begin));
+  if (begin != end) std::memcpy(bytes.data(), begin, bytes.size());
   LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
   ++inputs;
 }
