@@ -67,7 +67,7 @@ void fillMemory(const Case& c, std::ptrdiff_t size) {
   }
 }
 
-// The rest of the input stands at the first samples, a byte for each plane in turn.
+// The remaining input becomes the first samples, a byte for one plane after another.
 void placeSamples(const Case& c, const Placement& p) {
   const bool inPlace = isInPlace(*c.conversion);
   const int planes = hasPlanes(*c.conversion, !inPlace) ? 3 : 1;

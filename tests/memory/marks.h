@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a checker that watches the process is told of bytes, and asked about them.
+// How bytes are marked for a checker that watches the process, and how their marks are read.
 #ifndef TESTS_MEMORY_MARKS_H_
 #define TESTS_MEMORY_MARKS_H_
 
